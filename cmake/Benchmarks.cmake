@@ -1,0 +1,18 @@
+# One program that measures the library beside its peers, in the same process, and two small ones
+# whose start it measures.
+find_package(benchmark REQUIRED)
+find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets)
+file(GLOB bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*.cpp)
+add_executable(zarnic-bench ${bench_sources})
+add_executable(zarnic-start bench/start/zarnic_start.cpp bench/Machine.cpp
+    bench/ZarnicScene.cpp)
+add_executable(qt-start bench/start/qt_start.cpp bench/Machine.cpp bench/QtScene.cpp)
+foreach(program zarnic-bench zarnic-start qt-start)
+    target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
+endforeach()
+target_compile_definitions(zarnic-bench PRIVATE ZARNIC_START="$<TARGET_FILE:zarnic-start>"
+    QT_START="$<TARGET_FILE:qt-start>")
+target_link_libraries(zarnic-bench PRIVATE zarnic benchmark::benchmark Qt6::Widgets)
+target_link_libraries(zarnic-start PRIVATE zarnic)
+target_link_libraries(qt-start PRIVATE Qt6::Widgets)
+add_dependencies(zarnic-bench zarnic-start qt-start)

@@ -1,0 +1,11 @@
+# What the libraries are made of; docs/dependencies.md says why each was chosen.
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(ICU REQUIRED IMPORTED_TARGET icu-uc icu-i18n)
+pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(CRYPTO REQUIRED IMPORTED_TARGET libcrypto)
+pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET
+    cairo cairo-ft pangocairo pangoft2 harfbuzz freetype2 fontconfig)
+pkg_check_modules(SPNG REQUIRED IMPORTED_TARGET spng)
+# The window's connection is asked of the toolkit that SDL opened it with.
+pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2 wayland-client)

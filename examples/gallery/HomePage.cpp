@@ -1,0 +1,41 @@
+#include "HomePage.h"
+
+#include <zarnic/platform/UINavigationController.h>
+
+#include "DevicePage.h"
+#include "DrawingPage.h"
+#include "NavigationPage.h"
+#include "RowList.h"
+#include "ToastPage.h"
+
+using namespace zn;
+
+namespace gallery {
+
+void HomePage::init() {
+    PageController::init();
+    setTitle("Gallery");
+}
+
+void HomePage::build() {
+    const WeakRef<HomePage> weak = ref(this);
+    const auto open = [weak](auto makePage) {
+        return [weak, makePage] {
+            if (const auto home = weak.lock())
+                home->navigationController()->pushViewController(makePage(), true);
+        };
+    };
+    addText("What the library draws and does, one page each.");
+    add(make<RowList>(
+        Point{}, contentWidth(),
+        std::vector<Row>{
+            {"Toast", "Messages that come and go", open([] { return make<ToastPage>(); })},
+            {"Drawing", "Grids, gradients, shadows, pixels",
+             open([] { return make<DrawingPage>(); })},
+            {"Navigation", "Push, pop, bars that hide",
+             open([] { return make<NavigationPage>(); })},
+            {"Device", "The machine and its metrics", open([] { return make<DevicePage>(); })},
+        }));
+}
+
+}  // namespace gallery

@@ -1,0 +1,54 @@
+#include "Page.h"
+
+#include <zarnic/platform/UIScreen.h>
+#include <zarnic/platform/UIScrollView.h>
+
+#include <cmath>
+
+#include "Theme.h"
+
+using namespace zn;
+
+namespace gallery {
+
+void PageController::viewDidLoad() {
+    ZNViewController::viewDidLoad();
+    view()->setBackgroundColor(theme::background());
+    content_ = make<UIScrollView>(view()->bounds());
+    view()->addSubview(content_);
+    // A screen without a bar reaches up under the status bar.
+    const double top = navigationBarHide() ? UIScreen::mainScreen()->profile().statusBarHeight : 0;
+    bottom_ = top + theme::margin;
+    build();
+}
+
+void PageController::viewDidLayoutSubviews() {
+    ZNViewController::viewDidLayoutSubviews();
+    content_->setFrame(view()->bounds());
+}
+
+double PageController::contentWidth() {
+    return UIScreen::mainScreen()->bounds().width() - 2 * theme::margin;
+}
+
+void PageController::addText(std::string_view text) {
+    const auto label = theme::label(text, theme::body(), theme::quietInk(), {}, contentWidth());
+    label->setNumberOfLines(0);
+    label->sizeToFit();
+    add(label);
+}
+
+void PageController::addHeading(std::string_view text) {
+    bottom_ += theme::gap / 2;
+    add(theme::label(text, theme::heading(), theme::quietInk(), {}, contentWidth()));
+    bottom_ -= theme::gap / 3;
+}
+
+void PageController::add(const Ref<UIView>& view) {
+    const Rect frame = view->frame();
+    view->setFrame(Rect({theme::margin, bottom_}, frame.size));
+    content_->addSubview(view);
+    bottom_ += frame.height() + theme::gap;
+}
+
+}  // namespace gallery

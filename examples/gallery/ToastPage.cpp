@@ -1,0 +1,55 @@
+#include "ToastPage.h"
+
+#include <zarnic/ZNPromptWindow.h>
+#include <zarnic/platform/UIApplication.h>
+#include <zarnic/platform/UIScreen.h>
+
+#include "KeyboardPanel.h"
+#include "RowList.h"
+#include "Theme.h"
+
+using namespace zn;
+
+namespace gallery {
+
+void ToastPage::init() {
+    PageController::init();
+    setTitle("Toast");
+}
+
+void ToastPage::build() {
+    addText(
+        "A message in a window of its own that comes, stays as long as it takes to read, and "
+        "goes. Touches beside it reach the application.");
+    addHeading("MESSAGES");
+    const auto show = [](const char* text) { return [text] { ZNPromptWindow::ShowMsg(text); }; };
+    add(make<RowList>(Point{}, contentWidth(),
+                      std::vector<Row>{
+                          {"A short one", "Two to four seconds, by its length", show(shortText)},
+                          {"A long one", "Wraps at three fifths of the screen", show(longText)},
+                          {"A Chinese one", "中文提示", show(chineseText)},
+                      }));
+    addHeading("AROUND THEM");
+    const WeakRef<ToastPage> weak = ref(this);
+    add(make<RowList>(Point{}, contentWidth(),
+                      std::vector<Row>{
+                          {"Lock the screen", "Dims it and catches the touches",
+                           [] { ZNPromptWindow::ShowMsg(lockText, 3, true, false, 1); }},
+                          {"Show or hide a keyboard", "Toasts keep above it",
+                           [weak] {
+                               if (const auto page = weak.lock())
+                                   page->toggleKeyboard();
+                           }},
+                      }));
+}
+
+void ToastPage::toggleKeyboard() {
+    const auto application = UIApplication::sharedApplication();
+    if (application->keyboardHeight() > 0)
+        application->hideKeyboard();
+    else
+        application->showKeyboard(KeyboardPanel::heightFor(*UIScreen::mainScreen()));
+    KeyboardPanel::shared()->follow();
+}
+
+}  // namespace gallery

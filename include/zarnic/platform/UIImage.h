@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "zarnic/platform/CGContext.h"
+#include "zarnic/platform/CGImage.h"
+
+namespace zn {
+
+enum class UIImageOrientation {
+    Up,
+    Down,
+    Left,
+    Right,
+    UpMirrored,
+    DownMirrored,
+    LeftMirrored,
+    RightMirrored,
+};
+
+/// An immutable picture: pixels, a scale (pixels a point) and how they are turned. Safe from any
+/// thread.
+class ZN_EXPORT UIImage final : public NSObject {
+    ZN_OBJECT(UIImage, NSObject)
+public:
+    UIImage(Ref<CGImage> image, double scale, UIImageOrientation orientation);
+    ~UIImage() override;
+
+    /// Null for absent or undecodable bytes, and for more than 100 megapixels.
+    static Ref<UIImage> imageWithData(std::span<const std::byte> bytes, double scale = 1);
+    /// A file named `...@2x.png` has scale 2, and so on. Null for what is no readable file.
+    static Ref<UIImage> imageWithContentsOfFile(std::string_view path);
+    /// From the main bundle, with or without `.png`, preferring the main screen's `@2x` or `@3x`;
+    /// kept decoded within 32 megabytes. Null for an unknown name.
+    static Ref<UIImage> imageNamed(std::string_view name);
+    static Ref<UIImage> imageWithCGImage(const Ref<CGImage>& image, double scale = 1,
+                                         UIImageOrientation orientation = UIImageOrientation::Up);
+
+    const Ref<CGImage>& cgImage() const { return image_; }
+    double scale() const { return scale_; }
+    UIImageOrientation imageOrientation() const { return orientation_; }
+    /// In points, as seen (turned).
+    Size size() const;
+
+    /// Into the current context, honouring scale and orientation.
+    void drawAtPoint(Point point) const;
+    void drawInRect(const Rect& rect) const;
+    void drawInRect(const Rect& rect, CGBlendMode mode, double alpha) const;
+
+private:
+    Ref<CGImage> image_;
+    double scale_;
+    UIImageOrientation orientation_;
+};
+
+/// PNG bytes of an image; absent for an image without pixels.
+ZN_EXPORT std::optional<std::vector<std::byte>> UIImagePNGRepresentation(const Ref<UIImage>& image);
+
+/// Image contexts: y downward, `scale` pixels a point; scale 0 means the main screen's. A size
+/// without area pushes nothing. From any thread.
+ZN_EXPORT void UIGraphicsBeginImageContext(Size size);
+ZN_EXPORT void UIGraphicsBeginImageContextWithOptions(Size size, bool opaque, double scale);
+ZN_EXPORT Ref<UIImage> UIGraphicsGetImageFromCurrentImageContext();
+ZN_EXPORT void UIGraphicsEndImageContext();
+/// Paints with the current fill colour, replacing what is there.
+ZN_EXPORT void UIRectFill(const Rect& rect);
+/// The scale that 0 stands for; set by the screen.
+ZN_EXPORT void setUIGraphicsMainScreenScale(double scale);
+
+}  // namespace zn

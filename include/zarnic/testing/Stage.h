@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "zarnic/platform/HeadlessHost.h"
+#include "zarnic/platform/ManualClock.h"
+#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/UIWindow.h"
+#include "zarnic/testing/FakeDeviceFacts.h"
+#include "zarnic/testing/FakeURLOpener.h"
+
+namespace zn {
+
+/// A whole application in a test: a clock that moves only when told, a screen without a display,
+/// and services that answer what the test wants. Make one at the beginning of a test's process,
+/// before anything asks for the time or the screen. Main thread only.
+class ZN_EXPORT Stage {
+public:
+    struct Options {
+        DeviceProfile device;
+        /// Seconds since 1970 at which the clock stands.
+        double now = 1514764800.0;
+        /// How often the screen is painted while something animates; fewer frames make long times
+        /// quick.
+        double framesPerSecond = 60;
+    };
+
+    Stage();
+    explicit Stage(const Options& options);
+    ~Stage();
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    ManualClock& clock();
+    HeadlessHost& host();
+    /// Lets time pass, with all that is due in it.
+    void advance(double seconds);
+    /// Lets no time pass: what can happen now has happened afterwards.
+    void settle();
+
+    /// A window of the screen's size with this root, key and visible; the Stage keeps it.
+    Ref<UIWindow> show(const Ref<UIViewController>& root);
+
+    // Fingers, in screen points; each call settles.
+    void touchDown(Point place, std::int64_t finger = 0);
+    void touchMove(Point place, std::int64_t finger = 0);
+    void touchUp(Point place, std::int64_t finger = 0);
+    /// Down and up at the same place, 0.05 seconds apart.
+    void tap(Point place);
+    /// The same in the middle of a view, wherever it is on the screen.
+    void tap(const Ref<UIView>& view);
+    /// A finger that goes straight in even steps, 60 a second.
+    void drag(Point from, Point to, double duration = 0.3);
+
+    /// A keyboard comes up to this height in points; 0 hides it.
+    void keyboard(double height, double duration = 0.25);
+
+    /// The screen as it is now.
+    Ref<UIImage> snapshot();
+    /// Lines logged since the last call.
+    std::vector<std::string> takeLog();
+
+    // The services of the stage's machine.
+    FakeDeviceFacts& device();
+    FakeURLOpener& urlOpener();
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace zn

@@ -1,0 +1,100 @@
+#include "zarnic/platform/NSObject.h"
+
+#include <functional>
+#include <map>
+#include <mutex>
+
+#include "zarnic/platform/Class.h"
+#include "zarnic/platform/Value.h"
+
+namespace zn {
+
+/// What few objects need, made on first use: associated values and the lock.
+struct NSObject::Extras {
+    std::recursive_mutex lock;
+    std::mutex associationsMutex;
+    std::map<const void*, Value, std::less<>> associations;
+};
+
+NSObject::NSObject() = default;
+
+NSObject::~NSObject() {
+    delete extras_.load(std::memory_order_acquire);
+}
+
+void NSObject::init() {}
+
+const Class& NSObject::staticClass() {
+    static const Class& theClass =
+        Class::define("NSObject", nullptr, [] { return make<NSObject>(); });
+    return theClass;
+}
+
+const Class& NSObject::runtimeClass() const {
+    return staticClass();
+}
+
+bool NSObject::isEqual(const NSObject& other) const {
+    return this == &other;
+}
+
+std::size_t NSObject::hash() const {
+    return std::hash<const void*>{}(this);
+}
+
+std::string NSObject::description() const {
+    return "<" + runtimeClass().name() + ">";
+}
+
+bool NSObject::respondsToSelector(std::string_view name) const {
+    return runtimeClass().method(name) != nullptr;
+}
+
+Value NSObject::associatedValue(const void* key) const {
+    Extras* extras = extras_.load(std::memory_order_acquire);
+    if (extras == nullptr)
+        return {};
+    std::lock_guard guard(extras->associationsMutex);
+    const auto found = extras->associations.find(key);
+    return found == extras->associations.end() ? Value{} : found->second;
+}
+
+void NSObject::setAssociatedValue(const void* key, Value value) {
+    auto& extras = this->extras();
+    // The old value leaves the lock alive in `value`: its destructor may come back here.
+    std::lock_guard guard(extras.associationsMutex);
+    const bool removes = value.absent();
+    std::swap(extras.associations[key], value);
+    if (removes)
+        extras.associations.erase(key);
+}
+
+void NSObject::lock() const {
+    extras().lock.lock();
+}
+
+void NSObject::unlock() const {
+    extras().lock.unlock();
+}
+
+NSObject::Extras& NSObject::extras() const {
+    Extras* present = extras_.load(std::memory_order_acquire);
+    if (present != nullptr)
+        return *present;
+    auto made = std::make_unique<Extras>();
+    if (extras_.compare_exchange_strong(present, made.get(), std::memory_order_acq_rel))
+        return *made.release();
+    return *present;
+}
+
+ObjectLock::ObjectLock(Ref<const NSObject> object) : object_(std::move(object)) {
+    if (object_)
+        object_->lock();
+}
+
+ObjectLock::~ObjectLock() {
+    if (object_)
+        object_->unlock();
+}
+
+}  // namespace zn

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace zn {
+
+/// What stands for bytes that are not UTF-8.
+inline constexpr char32_t invalidCharacter = 0xFFFFFFFF;
+
+/// The character at the position, which moves past it; `position` must be inside the text.
+char32_t nextCharacter(std::string_view text, std::size_t& position) noexcept;
+
+std::string_view withoutLeadingWhitespace(std::string_view text) noexcept;
+
+}  // namespace zn

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/layers/PixelGeometry.h"
+
+namespace zn {
+
+/// What has to be painted again: a few rectangles, joined where that costs less than it saves.
+class DamageRegion {
+public:
+    void add(const PixelRect& rect);
+    /// Takes all of them out.
+    std::vector<PixelRect> take();
+    bool empty() const { return rects_.empty(); }
+
+private:
+    void joinCheapest();
+
+    std::vector<PixelRect> rects_;
+};
+
+}  // namespace zn

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "zarnic/platform/Export.h"
+#include "zarnic/platform/URLOpener.h"
+
+namespace zn {
+
+/// Starts a program with the URL as its one argument, without a shell, which took the URL when it
+/// ends well.
+class ZN_EXPORT LinuxURLOpener final : public URLOpener {
+public:
+    explicit LinuxURLOpener(std::string program = "xdg-open");
+
+    void open(std::string_view url, std::function<void(bool)> completion) override;
+
+private:
+    std::string program_;
+};
+
+}  // namespace zn

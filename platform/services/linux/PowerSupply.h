@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "zarnic/platform/DeviceFacts.h"
+
+namespace zn {
+
+/// The batteries that power the machine itself, taken together, from a folder laid out as
+/// `/sys/class/power_supply`. Unknown when there is none.
+BatteryReading readPowerSupply(const std::string& folder);
+
+}  // namespace zn

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/uikit/StatusBar.h"
+#include "platform/uikit/WindowStack.h"
+#include "zarnic/platform/UIScreen.h"
+
+namespace zn {
+
+struct UIScreen::State {
+    DeviceProfile profile;
+    Ref<CALayer> root;
+    WindowStack windows;
+    Ref<StatusBar> statusBar;
+
+    /// Brings the window's layer to its place in the root layer, or takes it out.
+    void placeLayer(const Ref<UIWindow>& window);
+};
+
+}  // namespace zn

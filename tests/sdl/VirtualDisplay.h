@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "tests/support/ChildProcess.h"
+#include "tests/support/TemporaryFolder.h"
+#include "zarnic/platform/UIImage.h"
+
+namespace zn {
+
+/// An X server without a display, whose screen can be read. Started and ended by the test.
+class VirtualDisplay {
+public:
+    VirtualDisplay(int width, int height);
+
+    bool running() { return !name_.empty() && server_->running(); }
+    /// For `DISPLAY`.
+    const std::string& name() const { return name_; }
+    /// The screen's pixels now; null when they cannot be read.
+    Ref<UIImage> screenshot() const;
+    /// A mouse click at a place of the screen.
+    void click(int x, int y) const;
+
+private:
+    TemporaryFolder folder_;
+    std::unique_ptr<ChildProcess> server_;
+    std::string name_;
+};
+
+}  // namespace zn
