@@ -34,6 +34,7 @@
 #include "zarnic/platform/NSCondition.h"
 #include "zarnic/platform/NSDate.h"
 #include "zarnic/platform/NSDateFormatter.h"
+#include "zarnic/platform/NSError.h"
 #include "zarnic/platform/NSException.h"
 #include "zarnic/platform/NSLog.h"
 #include "zarnic/platform/NSNotificationCenter.h"
