@@ -31,7 +31,7 @@ void AnimationScheduler::finish(RunningAnimation& animation, bool finished) {
         return;
     animation.ended = true;
     if (animation.completion)
-        callbacks_.push_back(
+        callbacks_.emplace_back(
             [call = std::move(animation.completion), finished] { call(finished); });
     for (const auto& group : animation.groups) {
         --group->running;

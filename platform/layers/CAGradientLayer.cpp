@@ -16,7 +16,7 @@ const std::vector<CGColor>& CAGradientLayer::colors() const {
     return node().state.gradient->colors;
 }
 
-void CAGradientLayer::setColors(std::vector<CGColor> colors) {
+void CAGradientLayer::setColors(const std::vector<CGColor>& colors) {
     node().assign("colors", &LayerState::gradient, &GradientStyle::colors, colors);
 }
 
@@ -24,7 +24,7 @@ const std::vector<double>& CAGradientLayer::locations() const {
     return node().state.gradient->locations;
 }
 
-void CAGradientLayer::setLocations(std::vector<double> locations) {
+void CAGradientLayer::setLocations(const std::vector<double>& locations) {
     node().assign("locations", &LayerState::gradient, &GradientStyle::locations, locations);
 }
 

@@ -64,7 +64,7 @@ const std::vector<double>& CAShapeLayer::lineDashPattern() const {
     return node().state.shape->dash;
 }
 
-void CAShapeLayer::setLineDashPattern(std::vector<double> pattern) {
+void CAShapeLayer::setLineDashPattern(const std::vector<double>& pattern) {
     node().assign("lineDashPattern", &LayerState::shape, &ShapeStyle::dash, pattern);
 }
 

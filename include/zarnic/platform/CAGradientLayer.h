@@ -15,10 +15,10 @@ public:
     ~CAGradientLayer() override;
 
     const std::vector<CGColor>& colors() const;
-    void setColors(std::vector<CGColor> colors);
+    void setColors(const std::vector<CGColor>& colors);
     /// Between 0 and 1; empty for even spreading.
     const std::vector<double>& locations() const;
-    void setLocations(std::vector<double> locations);
+    void setLocations(const std::vector<double>& locations);
     /// In units of the bounds; default (0.5, 0) to (0.5, 1).
     Point startPoint() const;
     void setStartPoint(Point point);

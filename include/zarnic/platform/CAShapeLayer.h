@@ -27,7 +27,7 @@ public:
     CGLineJoin lineJoin() const;
     void setLineJoin(CGLineJoin join);
     const std::vector<double>& lineDashPattern() const;
-    void setLineDashPattern(std::vector<double> pattern);
+    void setLineDashPattern(const std::vector<double>& pattern);
     double lineDashPhase() const;
     void setLineDashPhase(double phase);
     /// The stroked part of the path, fractions of its length; default 0 to 1.
