@@ -7,6 +7,7 @@
 #include "zarnic/UILabel+ZNCategory.h"
 #include "zarnic/UIView+ZNCategory.h"
 #include "zarnic/Version.h"
+#include "zarnic/ZNDataBaseHelper.h"
 #include "zarnic/ZNNavigationController.h"
 #include "zarnic/ZNPromptWindow.h"
 #include "zarnic/ZNQuickHelper.h"
