@@ -4,12 +4,16 @@
 #include <mutex>
 #include <shared_mutex>
 
+#include "zarnic/platform/Property.h"
+
 namespace zn {
 
 struct Class::Data {
     std::string name;
     const Class* superclass;
     Factory factory;
+    std::vector<Field> fields;
+    std::vector<Property> properties;
     mutable std::shared_mutex mutex;
     std::map<std::string, Method, std::less<>> methods;
 };
@@ -32,13 +36,19 @@ Registry& registry() {
 Class::Class(Data* data) : data_(data) {}
 
 Class& Class::define(std::string_view name, const Class* superclass, Factory factory) {
+    return define(name, superclass, std::move(factory), {});
+}
+
+Class& Class::define(std::string_view name, const Class* superclass, Factory factory,
+                     std::vector<Member> members) {
+    auto* data = new Data{std::string(name), superclass, std::move(factory), {}, {}, {}, {}};
+    for (Member& member : members)
+        member.moveTo(data->fields, data->properties);
+    auto* made = new Class(data);
     auto& known = registry();
     std::unique_lock guard(known.mutex);
-    const auto found = known.classes.find(name);
-    if (found != known.classes.end())
-        return *found->second;
-    auto* data = new Data{std::string(name), superclass, std::move(factory), {}, {}};
-    return *known.classes.emplace(data->name, new Class(data)).first->second;
+    known.classes.emplace(data->name, made);
+    return *made;
 }
 
 const Class* Class::named(std::string_view name) {
@@ -79,6 +89,30 @@ const Class::Method* Class::method(std::string_view name) const {
         if (found != each->data_->methods.end())
             return &found->second;
     }
+    return nullptr;
+}
+
+std::span<const Field> Class::fields() const {
+    return data_->fields;
+}
+
+std::span<const Property> Class::properties() const {
+    return data_->properties;
+}
+
+const Field* Class::field(std::string_view name) const {
+    for (const Class* each = this; each != nullptr; each = each->superclass())
+        for (const Field& field : each->data_->fields)
+            if (field.name() == name)
+                return &field;
+    return nullptr;
+}
+
+const Property* Class::property(std::string_view name) const {
+    for (const Class* each = this; each != nullptr; each = each->superclass())
+        for (const Property& property : each->data_->properties)
+            if (property.name() == name)
+                return &property;
     return nullptr;
 }
 

@@ -8,6 +8,34 @@
 #include "zarnic/platform/Value.h"
 
 namespace zn {
+namespace {
+
+constexpr int maximumTeardownDepth = 64;
+
+struct DeadObject {
+    void* object;
+    void (*destroy)(void*) noexcept;
+    DeadObject* next;
+};
+
+thread_local int teardownDepth = 0;
+thread_local DeadObject* deadObjects = nullptr;
+
+}  // namespace
+
+void detail::destroyObject(void* object, void (*destroy)(void*) noexcept) noexcept {
+    if (teardownDepth == maximumTeardownDepth) {
+        deadObjects = new DeadObject{object, destroy, deadObjects};
+        return;
+    }
+    ++teardownDepth;
+    destroy(object);
+    while (teardownDepth == 1 && deadObjects != nullptr) {
+        const std::unique_ptr<DeadObject> next(std::exchange(deadObjects, deadObjects->next));
+        next->destroy(next->object);
+    }
+    --teardownDepth;
+}
 
 /// What few objects need, made on first use: associated values and the lock.
 struct NSObject::Extras {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "zarnic/platform/Export.h"
 
@@ -35,6 +36,7 @@ public:
 
     /// The nearest registered class of this object (see `ZN_OBJECT`).
     static const Class& staticClass();
+    static constexpr const char* staticClassName() { return "NSObject"; }
     virtual const Class& runtimeClass() const;
 
     /// Identity unless a class overrides it.
@@ -44,6 +46,22 @@ public:
 
     /// Whether the runtime class, or one above it, publishes a method of this name.
     bool respondsToSelector(std::string_view name) const;
+
+    /// The value of what the class publishes under the key (see `Property.h`): a property `key` or
+    /// `isKey`, else a stored field `_key`, `_isKey`, `key` or `isKey`. Numbers come boxed.
+    Value valueForKey(std::string_view key) const;
+    /// Writes it. Numbers and numeric texts become the type of the target. Throws
+    /// `NSInvalidArgumentException` for a value that the target cannot take, an absent or null one
+    /// for a number included.
+    void setValueForKey(const Value& value, std::string_view key);
+    /// What a key that names nothing comes to: both throw `NSUndefinedKeyException` unless a class
+    /// overrides them.
+    virtual Value valueForUndefinedKey(std::string_view key) const;
+    virtual void setValueForUndefinedKey(const Value& value, std::string_view key);
+
+    /// The names of stored fields that archiving and copying leave out; none by default. Names that
+    /// match no field have no effect.
+    virtual std::vector<std::string> zn_ignoredNames() const;
 
     /// Associated values, by the key pointer's value (never its text). Setting an absent value
     /// removes the entry. Safe from any thread; released when the owner dies.
@@ -61,10 +79,36 @@ private:
     mutable std::atomic<Extras*> extras_ = nullptr;
 };
 
+namespace detail {
+/// Destroys the object now or, deep inside the destruction of others, right after them: so a chain
+/// of objects of any length ends in bounded stack.
+ZN_EXPORT void destroyObject(void* object, void (*destroy)(void*) noexcept) noexcept;
+
+/// The allocator of `make`. An object's memory outlives its last reference until its destructor
+/// has run, because the object holds a weak reference to itself.
+template <class T>
+struct ObjectAllocator {
+    using value_type = T;
+
+    ObjectAllocator() noexcept = default;
+    template <class U>
+    explicit ObjectAllocator(const ObjectAllocator<U>&) noexcept {}
+
+    T* allocate(std::size_t count) { return std::allocator<T>().allocate(count); }
+    void deallocate(T* memory, std::size_t count) { std::allocator<T>().deallocate(memory, count); }
+    template <class U>
+    void destroy(U* object) noexcept {
+        destroyObject(object, [](void* dead) noexcept { static_cast<U*>(dead)->~U(); });
+    }
+    friend bool operator==(const ObjectAllocator&, const ObjectAllocator&) = default;
+};
+}  // namespace detail
+
 /// Constructs a `T` with the arguments, then calls its virtual `init()`.
 template <class T, class... Arguments>
 Ref<T> make(Arguments&&... arguments) {
-    auto object = std::make_shared<T>(std::forward<Arguments>(arguments)...);
+    auto object = std::allocate_shared<T>(detail::ObjectAllocator<T>(),
+                                          std::forward<Arguments>(arguments)...);
     object->init();
     return object;
 }

@@ -18,6 +18,7 @@
 namespace zn {
 
 class Array;
+class ContainerFiller;
 class Dictionary;
 
 namespace detail {
@@ -236,6 +237,7 @@ public:
     Array mutableCopy() const;
 
 private:
+    friend class ContainerFiller;
     friend class Value;
     struct Storage;
     explicit Array(Storage* storage) noexcept;
@@ -310,6 +312,7 @@ public:
     Dictionary mutableCopy() const;
 
 private:
+    friend class ContainerFiller;
     friend class Value;
     struct Storage;
     explicit Dictionary(Storage* storage) noexcept;
