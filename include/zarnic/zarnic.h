@@ -85,3 +85,4 @@
 #include "zarnic/platform/UIWindow.h"
 #include "zarnic/platform/URLOpener.h"
 #include "zarnic/platform/Value.h"
+#include "zarnic/platform/ValueFiles.h"
