@@ -17,7 +17,7 @@ if(fuzzers)
     target_include_directories(zarnic-fuzzed PUBLIC include ${PROJECT_SOURCE_DIR})
     target_compile_options(zarnic-fuzzed PUBLIC ${fuzz_options})
     target_link_libraries(zarnic-fuzzed PUBLIC Threads::Threads PkgConfig::ICU PkgConfig::PLIST
-        PkgConfig::CRYPTO PkgConfig::CAIRO PkgConfig::SPNG)
+        PkgConfig::CRYPTO PkgConfig::CAIRO PkgConfig::SPNG PkgConfig::JPEG PkgConfig::QRENCODE PkgConfig::ZXING)
 endif()
 
 foreach(source ${fuzzers})

@@ -46,7 +46,7 @@ zarnic_library(zarnic
         host/headless
     PUBLIC_LINK Threads::Threads
     PRIVATE_LINK PkgConfig::ICU PkgConfig::PLIST PkgConfig::SQLITE PkgConfig::CRYPTO PkgConfig::CAIRO
-        PkgConfig::SPNG)
+        PkgConfig::SPNG PkgConfig::JPEG PkgConfig::QRENCODE PkgConfig::ZXING)
 zarnic_library(zarnic-sdl FLOORS host/sdl PUBLIC_LINK zarnic PRIVATE_LINK PkgConfig::SDL2)
 zarnic_library(zarnic-testing FLOORS testing PUBLIC_LINK zarnic)
 

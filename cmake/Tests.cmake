@@ -61,3 +61,11 @@ foreach(topic ${test_topics})
         zarnic_test_program(${topic})
     endif()
 endforeach()
+
+# The readers that what is written for others is read back with.
+pkg_check_modules(ZBAR REQUIRED IMPORTED_TARGET zbar)
+foreach(program drawing_tests graphics_tests)
+    if(TARGET ${program})
+        target_link_libraries(${program} PRIVATE PkgConfig::JPEG PkgConfig::ZXING PkgConfig::ZBAR)
+    endif()
+endforeach()

@@ -3,7 +3,9 @@
 /// Everything that an application needs but the host (`zarnic/sdl/SdlHost.h`); the stage for tests
 /// is in `zarnic/testing/`.
 #include "zarnic/NSObject+ZNCategory.h"
+#include "zarnic/UIColor+ZNCategory.h"
 #include "zarnic/UIDevice+ZNCategory.h"
+#include "zarnic/UIImage+ZNCategory.h"
 #include "zarnic/UILabel+ZNCategory.h"
 #include "zarnic/UIView+ZNCategory.h"
 #include "zarnic/Version.h"

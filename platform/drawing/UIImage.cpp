@@ -120,4 +120,11 @@ std::optional<std::vector<std::byte>> UIImagePNGRepresentation(const Ref<UIImage
     return encodePng(*image->cgImage());
 }
 
+std::optional<std::vector<std::byte>> UIImageJPEGRepresentation(const Ref<UIImage>& image,
+                                                                double quality) {
+    if (!image || !image->cgImage())
+        return std::nullopt;
+    return encodeJpeg(*image->cgImage(), image->imageOrientation(), quality);
+}
+
 }  // namespace zn

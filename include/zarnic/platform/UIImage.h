@@ -59,6 +59,11 @@ private:
 
 /// PNG bytes of an image; absent for an image without pixels.
 ZN_EXPORT std::optional<std::vector<std::byte>> UIImagePNGRepresentation(const Ref<UIImage>& image);
+/// JPEG bytes of an image, turned as it is (by EXIF); `quality` between 0 (small) and 1 (best), and
+/// from 0.9 with colours at full resolution. There is no alpha: colours stay premultiplied, so what
+/// is clear becomes black. Absent for an image without pixels or with a side above 65,535 pixels.
+ZN_EXPORT std::optional<std::vector<std::byte>> UIImageJPEGRepresentation(const Ref<UIImage>& image,
+                                                                          double quality);
 
 /// Image contexts: y downward, `scale` pixels a point; scale 0 means the main screen's. A size
 /// without area pushes nothing. From any thread.
