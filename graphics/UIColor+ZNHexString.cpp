@@ -61,7 +61,8 @@ std::string asciiUnits(std::string_view text) {
 }
 
 bool isAscii(std::string_view text) {
-    return std::ranges::all_of(text, [](char unit) { return static_cast<unsigned char>(unit) < 0x80; });
+    return std::ranges::all_of(text,
+                               [](char unit) { return static_cast<unsigned char>(unit) < 0x80; });
 }
 
 Ref<UIColor> colorOfUnits(std::string_view text, double alpha) {
