@@ -52,6 +52,7 @@
 #include "zarnic/platform/NSThread.h"
 #include "zarnic/platform/NSTimer.h"
 #include "zarnic/platform/NSURL.h"
+#include "zarnic/platform/NSUserDefaults.h"
 #include "zarnic/platform/NSValue.h"
 #include "zarnic/platform/Property.h"
 #include "zarnic/platform/ScreenDriver.h"
