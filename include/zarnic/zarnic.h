@@ -2,7 +2,12 @@
 
 /// Everything that an application needs but the host (`zarnic/sdl/SdlHost.h`); the stage for tests
 /// is in `zarnic/testing/`.
+#include "zarnic/NSArray+ZNCategory.h"
+#include "zarnic/NSDictionary+ZNCategory.h"
+#include "zarnic/NSMutableArray+ZNCategory.h"
 #include "zarnic/NSObject+ZNCategory.h"
+#include "zarnic/NSString+ZNCategory.h"
+#include "zarnic/NSTimer+ZNCategory.h"
 #include "zarnic/UIColor+ZNCategory.h"
 #include "zarnic/UIDevice+ZNCategory.h"
 #include "zarnic/UIImage+ZNCategory.h"

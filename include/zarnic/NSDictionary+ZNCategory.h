@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "zarnic/platform/Value.h"
+
+namespace zn {
+
+/// One line for each entry in the dictionary's order, each ending with a comma; what any dictionary
+/// in a log line looks like, whatever the locale.
+ZN_EXPORT std::string descriptionWithLocale(const Dictionary& dictionary, const Value& locale = {});
+
+}  // namespace zn
