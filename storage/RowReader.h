@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "zarnic/platform/Value.h"
@@ -8,18 +9,19 @@ struct sqlite3_stmt;
 
 namespace zn {
 
-/// Makes dictionaries of the rows of one statement, which share one table of keys. Make it when the
-/// statement has its first row: before, its columns may still change.
+/// Runs a statement and makes dictionaries of its rows, which share one table of keys.
 class RowReader {
 public:
-    explicit RowReader(sqlite3_stmt* statement);
+    /// The statement, which may be null, must outlive the reader.
+    explicit RowReader(sqlite3_stmt* statement) : statement_(statement) {}
 
-    /// The row at which the statement stands. Throws `NSInvalidArgumentException` for a text or a
-    /// name that is not UTF-8.
-    Dictionary row();
+    /// The next row, or nothing at the end or at an error. Throws `NSInvalidArgumentException` for
+    /// a text or the name of a column that is not UTF-8.
+    std::optional<Dictionary> next();
 
 private:
-    void readColumn(int column);
+    void readColumns();
+    Dictionary readRow();
 
     sqlite3_stmt* statement_;
     KeyTable keys_;

@@ -71,8 +71,4 @@ void Statement::bindItem(const Value& item) {
     }
 }
 
-bool Statement::step() {
-    return sqlite3_step(handle_) == SQLITE_ROW;
-}
-
 }  // namespace zn

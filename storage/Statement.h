@@ -25,8 +25,6 @@ public:
     /// Fills the places in order, up to the first absent value; kinds that cannot be stored take no
     /// place.
     void bind(std::span<const Value> parameters);
-    /// Whether there is a row.
-    bool step();
 
 private:
     void bindItem(const Value& item);

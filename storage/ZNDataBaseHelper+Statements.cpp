@@ -12,12 +12,9 @@ bool runStatement(std::string_view sql, std::span<const Value> parameters, Take 
     if (!statement.prepared())
         return false;
     statement.bind(parameters);
-    if (!statement.step())
-        return true;
     RowReader reader(statement.handle());
-    do
-        take(reader.row());
-    while (statement.step());
+    while (const auto row = reader.next())
+        take(*row);
     return true;
 }
 
