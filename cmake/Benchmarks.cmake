@@ -1,7 +1,8 @@
 # One program that measures the library beside its peers, in the same process, and two small ones
 # whose start it measures.
 find_package(benchmark REQUIRED)
-find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets)
+find_package(Qt6 REQUIRED COMPONENTS Core Gui Sql Widgets)
+find_package(SQLiteCpp REQUIRED)
 file(GLOB bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*.cpp)
 add_executable(zarnic-bench ${bench_sources})
 add_executable(zarnic-start bench/start/zarnic_start.cpp bench/Machine.cpp
@@ -12,7 +13,8 @@ foreach(program zarnic-bench zarnic-start qt-start)
 endforeach()
 target_compile_definitions(zarnic-bench PRIVATE ZARNIC_START="$<TARGET_FILE:zarnic-start>"
     QT_START="$<TARGET_FILE:qt-start>")
-target_link_libraries(zarnic-bench PRIVATE zarnic benchmark::benchmark Qt6::Widgets)
+target_link_libraries(zarnic-bench PRIVATE zarnic benchmark::benchmark Qt6::Sql Qt6::Widgets
+    SQLiteCpp PkgConfig::SQLITE)
 target_link_libraries(zarnic-start PRIVATE zarnic)
 target_link_libraries(qt-start PRIVATE Qt6::Widgets)
 add_dependencies(zarnic-bench zarnic-start qt-start)
