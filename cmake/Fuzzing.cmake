@@ -8,7 +8,8 @@ file(GLOB fuzzers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/fuzz/*.cpp)
 file(GLOB_RECURSE fuzzed_sources CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/platform/foundation/*.cpp
     ${PROJECT_SOURCE_DIR}/platform/services/*.cpp
-    ${PROJECT_SOURCE_DIR}/platform/drawing/*.cpp)
+    ${PROJECT_SOURCE_DIR}/platform/drawing/*.cpp
+    ${PROJECT_SOURCE_DIR}/storage/*.cpp)
 
 if(fuzzers)
     set(fuzz_options -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
@@ -17,7 +18,8 @@ if(fuzzers)
     target_include_directories(zarnic-fuzzed PUBLIC include ${PROJECT_SOURCE_DIR})
     target_compile_options(zarnic-fuzzed PUBLIC ${fuzz_options})
     target_link_libraries(zarnic-fuzzed PUBLIC Threads::Threads PkgConfig::ICU PkgConfig::PLIST
-        PkgConfig::CRYPTO PkgConfig::CAIRO PkgConfig::SPNG PkgConfig::JPEG PkgConfig::QRENCODE PkgConfig::ZXING)
+        PkgConfig::CRYPTO PkgConfig::SQLITE PkgConfig::CAIRO PkgConfig::SPNG PkgConfig::JPEG
+        PkgConfig::QRENCODE PkgConfig::ZXING)
 endif()
 
 foreach(source ${fuzzers})
