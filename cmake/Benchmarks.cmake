@@ -5,6 +5,8 @@ find_package(Qt6 REQUIRED COMPONENTS Core Gui Sql Widgets)
 find_package(SQLiteCpp REQUIRED)
 file(GLOB bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*.cpp)
 add_executable(zarnic-bench ${bench_sources})
+# Qt's peers may have meta-objects.
+set_target_properties(zarnic-bench PROPERTIES AUTOMOC ON)
 add_executable(zarnic-start bench/start/zarnic_start.cpp bench/Machine.cpp
     bench/ZarnicScene.cpp)
 add_executable(qt-start bench/start/qt_start.cpp bench/Machine.cpp bench/QtScene.cpp)

@@ -1,12 +1,18 @@
 #include "zarnic/platform/NSValue.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <functional>
 
+#include "zarnic/platform/NSException.h"
+
 namespace zn {
 
 namespace {
+
+constexpr const char* kindKey = "NS.kind";
+constexpr const char* numbersKey = "NS.numbers";
 
 template <class T>
 T valueOr(const NSValue::Structure& structure) {
@@ -37,6 +43,9 @@ Numbers numbers(const AffineTransform& transform) {
 }
 
 }  // namespace
+
+// Archives name the class before anybody uses it.
+ZN_REGISTER_CLASS(NSValue);
 
 NSValue::NSValue(Structure structure) : structure_(structure) {}
 
@@ -107,6 +116,31 @@ std::string NSValue::description() const {
     std::snprintf(text, sizeof text, patterns[structure_.index()], n[0], n[1], n[2], n[3], n[4],
                   n[5]);
     return text;
+}
+
+void NSValue::encodeWithCoder(const Ref<NSCoder>& coder) const {
+    const Numbers all = std::visit([](const auto& value) { return numbers(value); }, structure_);
+    Array archived;
+    for (const double number : all)
+        archived.add(number);
+    coder->encodeObject(structure_.index(), kindKey);
+    coder->encodeObject(archived, numbersKey);
+}
+
+void NSValue::initWithCoder(const Ref<NSCoder>& coder) {
+    const Value kind = coder->decodeObjectForKey(kindKey);
+    const Value archived = coder->decodeObjectForKey(numbersKey);
+    Numbers n{};
+    if (!kind.isNumber() || !archived.isArray() || archived.array().count() != n.size())
+        throw NSException(NSInvalidUnarchiveOperationException, "a structure without numbers");
+    std::ranges::transform(archived.array(), n.begin(), &Value::doubleValue);
+    const Structure structures[] = {
+        Point{n[0], n[1]}, Size{n[0], n[1]}, Rect(n[0], n[1], n[2], n[3]),
+        EdgeInsets{n[0], n[1], n[2], n[3]}, AffineTransform{n[0], n[1], n[2], n[3], n[4], n[5]}};
+    const std::uint64_t index = kind.unsignedLongLongValue();
+    if (index >= std::size(structures))
+        throw NSException(NSInvalidUnarchiveOperationException, "an unknown kind of structure");
+    structure_ = structures[index];
 }
 
 }  // namespace zn

@@ -38,6 +38,8 @@ bool isMadeOf(std::string_view name, const Pattern& pattern, std::string_view ke
 template <class T, class Fits>
 const T* find(const Class& type, std::span<const T> (Class::*members)() const,
               std::span<const Pattern> patterns, std::string_view key, const Fits& fits) {
+    if (key.empty())
+        return nullptr;
     for (const Pattern& pattern : patterns)
         for (const Class* each = &type; each != nullptr; each = each->superclass())
             for (const T& member : (each->*members)())
@@ -69,8 +71,6 @@ const Field* fieldForKey(const Class& type, std::string_view key) {
 
 Value NSObject::valueForKey(std::string_view key) const {
     const Class& type = runtimeClass();
-    if (key.empty())
-        return valueForUndefinedKey(key);
     if (const Property* property = propertyToRead(type, key))
         return property->get(*this);
     if (const Field* field = fieldForKey(type, key))
@@ -80,9 +80,7 @@ Value NSObject::valueForKey(std::string_view key) const {
 
 void NSObject::setValueForKey(const Value& value, std::string_view key) {
     const Class& type = runtimeClass();
-    if (key.empty())
-        setValueForUndefinedKey(value, key);
-    else if (const Property* property = propertyToWrite(type, key))
+    if (const Property* property = propertyToWrite(type, key))
         property->set(*this, value);
     else if (const Field* field = fieldForKey(type, key))
         field->set(*this, value);

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <new>
 
 #include "zarnic/platform/Class.h"
 #include "zarnic/platform/Value.h"
@@ -25,8 +26,10 @@ thread_local DeadObject* deadObjects = nullptr;
 
 void detail::destroyObject(void* object, void (*destroy)(void*) noexcept) noexcept {
     if (teardownDepth == maximumTeardownDepth) {
-        deadObjects = new DeadObject{object, destroy, deadObjects};
-        return;
+        if (auto* waiting = new (std::nothrow) DeadObject{object, destroy, deadObjects}) {
+            deadObjects = waiting;
+            return;
+        }
     }
     ++teardownDepth;
     destroy(object);

@@ -1,0 +1,55 @@
+#include "platform/foundation/ContainerFiller.h"
+
+#include <memory>
+
+namespace zn {
+
+Array ContainerFiller::array(Mutability form) {
+    return Array(new Array::Storage(form));
+}
+
+Dictionary ContainerFiller::dictionary(Mutability form) {
+    return Dictionary(Dictionary::Storage::create(form, 0));
+}
+
+Dictionary ContainerFiller::immutableDictionary(const KeyTable& keys, std::span<Value> values) {
+    auto* storage = Dictionary::Storage::create(Mutability::Immutable, values.size());
+    std::uninitialized_move(values.begin(), values.end(), storage->values);
+    storage->keys = keys;
+    storage->present = values.size();
+    return Dictionary(storage);
+}
+
+void ContainerFiller::add(const Array& array, Value item) {
+    requirePresent(item);
+    array.storage_->items.push_back(std::move(item));
+}
+
+void ContainerFiller::set(const Dictionary& dictionary, std::string_view key, Value value) {
+    requirePresent(value);
+    auto& storage = *dictionary.storage_;
+    const std::size_t slot = storage.keys.find(key);
+    if (slot == KeyTable::notFound)
+        storage.append(key, std::move(value));
+    else
+        storage.values[slot] = std::move(value);
+}
+
+void ContainerFiller::clear(const Value& container) {
+    if (container.isArray()) {
+        const auto items = std::exchange(container.array().storage_->items, {});
+        return;
+    }
+    auto& storage = *container.dictionary().storage_;
+    for (std::size_t slot = 0; slot < storage.slots(); ++slot)
+        const Value value = std::exchange(storage.values[slot], {});
+    storage.present = 0;
+}
+
+const void* ContainerFiller::identity(const Value& container) {
+    if (container.isArray())
+        return container.array().storage_;
+    return container.isDictionary() ? container.dictionary().storage_ : nullptr;
+}
+
+}  // namespace zn

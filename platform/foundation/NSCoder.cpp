@@ -1,0 +1,7 @@
+#include "zarnic/platform/NSCoder.h"
+
+namespace zn {
+
+NSCoding::~NSCoding() = default;
+
+}  // namespace zn
