@@ -131,6 +131,26 @@ void Stage::drag(Point from, Point to, double duration) {
     touchUp(to);
 }
 
+void Stage::type(std::string_view text) {
+    application()->insertText(text);
+    settle();
+}
+
+void Stage::pressKey(UIKeyboardHIDUsage key, unsigned modifiers) {
+    application()->pressKey({key, modifiers, {}});
+    settle();
+}
+
+void Stage::pressShortcut(std::string_view character, unsigned modifiers) {
+    application()->pressKey({UIKeyboardHIDUsage::Unknown, modifiers, std::string(character)});
+    settle();
+}
+
+void Stage::compose(std::string_view text) {
+    application()->setMarkedText(text, {text.size(), 0});
+    settle();
+}
+
 void Stage::keyboard(double height, double duration) {
     if (height > 0)
         application()->showKeyboard(height, duration);

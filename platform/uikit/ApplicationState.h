@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/uikit/KeyboardPanel.h"
 #include "zarnic/platform/NSRunLoop.h"
 #include "zarnic/platform/UIApplication.h"
 #include "zarnic/platform/UIWindow.h"
@@ -17,6 +18,9 @@ struct UIApplication::State {
     /// Posts the notice that the keyboard has arrived or gone.
     RunLoopToken keyboardMoved;
     RunLoopToken endOfPass;
+    bool showsKeyboardPanel = false;
+    /// Made when it is first needed.
+    Ref<KeyboardPanel> keyboardPanel;
 
     struct KeyboardMove {
         /// The notices before and after.
@@ -33,6 +37,7 @@ struct UIApplication::State {
     /// Hands the key status on when the window has it.
     void windowWasHidden(const Ref<UIWindow>& window);
     void updateStatusBar();
+    void updateKeyboardPanel();
     void moveKeyboard(const KeyboardMove& move);
 };
 

@@ -7,6 +7,9 @@
 namespace zn {
 namespace {
 
+/// The platform's number for the keyboard's own pace.
+constexpr std::int64_t keyboardCurve = 7;
+
 /// A keyboard of this height, its top edge at `height` points above the screen's bottom.
 Rect keyboardFrame(double height, double shown) {
     const Rect screen = UIScreen::mainScreen()->bounds();
@@ -20,7 +23,8 @@ void post(const char* name, const Dictionary& details) {
 Dictionary detailsOf(const Rect& begin, const Rect& end, double duration) {
     return Dictionary{{UIKeyboardFrameBeginUserInfoKey, NSValue::valueWithCGRect(begin)},
                       {UIKeyboardFrameEndUserInfoKey, NSValue::valueWithCGRect(end)},
-                      {UIKeyboardAnimationDurationUserInfoKey, duration}}
+                      {UIKeyboardAnimationDurationUserInfoKey, duration},
+                      {UIKeyboardAnimationCurveUserInfoKey, keyboardCurve}}
         .copy();
 }
 
@@ -57,8 +61,11 @@ void UIApplication::State::moveKeyboard(const KeyboardMove& move) {
     const Dictionary details = detailsOf(move.begin, move.end, move.duration);
     // Set first: an observer that moves the keyboard again replaces it.
     keyboardMoved = NSRunLoop::mainRunLoop()->addDeadline(
-        Clock::shared().monotonic() + move.duration,
-        [name = move.finished, details] { post(name, details); });
+        Clock::shared().monotonic() + move.duration, [name = move.finished, details] {
+            post(name, details);
+            post(UIKeyboardDidChangeFrameNotification, details);
+        });
+    post(UIKeyboardWillChangeFrameNotification, details);
     post(move.begins, details);
 }
 

@@ -22,8 +22,10 @@ void post(const char* name, const Ref<UIWindow>& window) {
 }  // namespace
 
 UIApplication::UIApplication() : state_(std::make_unique<State>()) {
-    state_->endOfPass = NSRunLoop::mainRunLoop()->addBeforeWaiting(
-        endOfPassOrder, [this] { state_->updateStatusBar(); });
+    state_->endOfPass = NSRunLoop::mainRunLoop()->addBeforeWaiting(endOfPassOrder, [this] {
+        state_->updateStatusBar();
+        state_->updateKeyboardPanel();
+    });
 }
 
 UIApplication::~UIApplication() = default;
@@ -73,7 +75,10 @@ void UIApplication::State::windowWasHidden(const Ref<UIWindow>& window) {
     if (key() != window)
         return;
     const auto visible = UIScreen::mainScreen()->state_->windows.visible();
-    Ref<UIWindow> next = visible.empty() ? nullptr : visible.back();
+    Ref<UIWindow> next;
+    for (const Ref<UIWindow>& each : visible)
+        if (each != keyboardPanel)
+            next = each;
     for (const WeakRef<UIWindow>& weak : keys)
         if (const Ref<UIWindow> former = weak.lock(); former && !former->hidden())
             next = former;

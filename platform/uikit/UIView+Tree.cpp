@@ -3,6 +3,7 @@
 
 #include "platform/uikit/FirstResponder.h"
 #include "zarnic/platform/NSException.h"
+#include "zarnic/platform/UIKeyInput.h"
 #include "zarnic/platform/UIView.h"
 #include "zarnic/platform/UIViewController.h"
 #include "zarnic/platform/UIWindow.h"
@@ -173,8 +174,11 @@ bool UIView::endEditing(bool force) {
     if (!current || !current->isDescendantOfView(ref(this)))
         return true;
     const bool resigned = current->resignFirstResponder();
-    if (!resigned && force)
+    if (!resigned && force) {
         first.clear(*current);
+        if (const auto input = as<UIKeyInput>(current))
+            input->lostFirstResponder();
+    }
     return resigned || force;
 }
 

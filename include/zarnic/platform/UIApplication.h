@@ -8,6 +8,7 @@
 
 #include "zarnic/platform/Class.h"
 #include "zarnic/platform/Geometry.h"
+#include "zarnic/platform/UIKeyInput.h"
 #include "zarnic/platform/UIResponder.h"
 #include "zarnic/platform/Value.h"
 
@@ -28,16 +29,23 @@ inline constexpr std::int64_t Portrait = 2, PortraitUpsideDown = 4, LandscapeRig
                               LandscapeLeft = 16, Landscape = 24, AllButUpsideDown = 26, All = 30;
 }  // namespace UIInterfaceOrientationMask
 
-/// Keyboard notices: `userInfo` has the end frame (a rectangle `NSValue`, screen coordinates) and
-/// the duration in seconds.
+/// Keyboard notices: `userInfo` has the frames before and after (rectangle `NSValue`s, screen
+/// coordinates), the duration in seconds and the animation's curve (a number of the platform's, 7).
+/// The change of the frame is told before the keyboard comes or goes, and after it has.
 inline constexpr const char* UIKeyboardWillShowNotification = "UIKeyboardWillShowNotification";
 inline constexpr const char* UIKeyboardDidShowNotification = "UIKeyboardDidShowNotification";
 inline constexpr const char* UIKeyboardWillHideNotification = "UIKeyboardWillHideNotification";
 inline constexpr const char* UIKeyboardDidHideNotification = "UIKeyboardDidHideNotification";
+inline constexpr const char* UIKeyboardWillChangeFrameNotification =
+    "UIKeyboardWillChangeFrameNotification";
+inline constexpr const char* UIKeyboardDidChangeFrameNotification =
+    "UIKeyboardDidChangeFrameNotification";
 inline constexpr const char* UIKeyboardFrameBeginUserInfoKey = "UIKeyboardFrameBeginUserInfoKey";
 inline constexpr const char* UIKeyboardFrameEndUserInfoKey = "UIKeyboardFrameEndUserInfoKey";
 inline constexpr const char* UIKeyboardAnimationDurationUserInfoKey =
     "UIKeyboardAnimationDurationUserInfoKey";
+inline constexpr const char* UIKeyboardAnimationCurveUserInfoKey =
+    "UIKeyboardAnimationCurveUserInfoKey";
 
 /// The application: its windows, its events, its status bar. Main thread only.
 class ZN_EXPORT UIApplication final : public UIResponder {
@@ -70,6 +78,21 @@ public:
     void touchMove(std::int64_t finger, Point place);
     void touchUp(std::int64_t finger, Point place);
     void touchCancel(std::int64_t finger);
+
+    // Text and keys come in here, from hosts and the Stage. They go to the first responder, when it
+    // takes text (`UIKeyInput`) and its window is key; false when nobody takes them.
+    bool insertText(std::string_view text);
+    /// What an input method is composing; empty when it is done or gives up.
+    bool setMarkedText(std::string_view text, NSRange selected);
+    bool pressKey(const UIKey& key);
+    /// Who takes them now; null for nobody.
+    Ref<UIKeyInput> keyInput() const;
+
+    /// Whether a keyboard comes up at the bottom of the screen while something takes text, for
+    /// machines without one: it types by touch, in its own window, and posts the notices. Default
+    /// no. Input views and accessory views are shown in any case.
+    bool showsKeyboardPanel() const;
+    void setShowsKeyboardPanel(bool shows);
 
     /// A keyboard that covers the bottom of the screen comes up or goes: posts the notices.
     void showKeyboard(double height, double duration = 0.25);

@@ -8,6 +8,7 @@
 
 #include "zarnic/platform/HeadlessHost.h"
 #include "zarnic/platform/ManualClock.h"
+#include "zarnic/platform/UIKeyInput.h"
 #include "zarnic/platform/UIViewController.h"
 #include "zarnic/platform/UIWindow.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
@@ -55,6 +56,17 @@ public:
     void tap(const Ref<UIView>& view);
     /// A finger that goes straight in even steps, 60 a second.
     void drag(Point from, Point to, double duration = 0.3);
+
+    // Text and keys, as a keyboard or an input method gives them; each call settles. They go to the
+    // first responder of the key window; without one nothing happens.
+    void type(std::string_view text);
+    /// A key that types nothing, with bits of `UIKeyModifierFlags`.
+    void pressKey(UIKeyboardHIDUsage key, unsigned modifiers = 0);
+    /// The key that types this, with control keys: "a" for Ctrl+A.
+    void pressShortcut(std::string_view character,
+                       unsigned modifiers = UIKeyModifierFlags::Control);
+    /// Shows a composition in progress; empty gives it up.
+    void compose(std::string_view text);
 
     /// A keyboard comes up to this height in points; 0 hides it.
     void keyboard(double height, double duration = 0.25);

@@ -1,0 +1,7 @@
+#include "zarnic/platform/UIKeyInput.h"
+
+namespace zn {
+
+UIKeyInput::~UIKeyInput() = default;
+
+}  // namespace zn
