@@ -3,10 +3,12 @@
 #include <poll.h>
 
 #include "host/sdl/SdlInput.h"
+#include "host/sdl/SdlText.h"
 #include "host/sdl/SdlWindow.h"
 #include "zarnic/platform/Clock.h"
 #include "zarnic/platform/NSRunLoop.h"
 #include "zarnic/platform/ScreenDriver.h"
+#include "zarnic/platform/Services.h"
 
 namespace zn {
 namespace {
@@ -22,7 +24,8 @@ struct SdlHost::State {
     State(std::unique_ptr<SdlWindow> made, const DeviceProfile& device)
         : window(std::move(made)),
           driver(device, [this](const auto& damage) { present(damage); }),
-          input(*window, device.size) {}
+          input(*window, device.size),
+          textSession(*window, device.size) {}
 
     void present(const std::vector<PixelRect>& damage) {
         const Compositor& compositor = driver.compositor();
@@ -33,6 +36,7 @@ struct SdlHost::State {
     /// Takes what has come in; says so to the loop, which would wait otherwise.
     void takeInput() {
         const SdlInput::Taken taken = input.take();
+        textSession.update();
         if (taken.exposed)
             window->present();
         if (taken.quit)
@@ -49,6 +53,7 @@ struct SdlHost::State {
     std::unique_ptr<SdlWindow> window;
     ScreenDriver driver;
     SdlInput input;
+    SdlTextSession textSession;
     RunLoopToken beforeWaiting;
     RunLoopToken descriptor;
     RunLoopToken deadline;
@@ -63,6 +68,7 @@ std::unique_ptr<SdlHost> SdlHost::open(const std::string& title, const DevicePro
     auto window = SdlWindow::open(title, device, problem);
     if (!window)
         return nullptr;
+    Services::replace<Clipboard>(make<SdlClipboard>());
     return std::unique_ptr<SdlHost>(
         new SdlHost(std::make_unique<State>(std::move(window), device)));
 }

@@ -1,5 +1,6 @@
 #include "host/sdl/SdlInput.h"
 
+#include "host/sdl/SdlText.h"
 #include "zarnic/platform/UIApplication.h"
 
 namespace zn {
@@ -44,6 +45,19 @@ void SdlInput::handle(const SDL_Event& event, Taken& taken) {
         case SDL_FINGERMOTION:
         case SDL_FINGERUP:
             finger(event.tfinger);
+            break;
+        case SDL_TEXTINPUT:
+            UIApplication::sharedApplication()->insertText(event.text.text);
+            break;
+        case SDL_TEXTEDITING:
+            showComposition(event.edit.text, event.edit.start, event.edit.length);
+            break;
+        case SDL_TEXTEDITING_EXT:
+            showComposition(event.editExt.text, event.editExt.start, event.editExt.length);
+            SDL_free(event.editExt.text);
+            break;
+        case SDL_KEYDOWN:
+            UIApplication::sharedApplication()->pressKey(keyOf(event.key.keysym));
             break;
         default:
             break;

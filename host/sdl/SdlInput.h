@@ -7,7 +7,7 @@
 
 namespace zn {
 
-/// Turns SDL's events into touches of the application.
+/// Turns SDL's events into touches, text and keys of the application.
 class SdlInput {
 public:
     /// `screen`: the size of the screen in points, as far as the window shows it.

@@ -57,4 +57,23 @@ void VirtualDisplay::click(int x, int y) const {
                {"DISPLAY=" + name_});
 }
 
+void VirtualDisplay::type(const std::string& text) const {
+    // Characters that no key has borrow one, which takes the server and the program a moment.
+    runCommand("xdotool type --delay 60 '" + text + "'", {"DISPLAY=" + name_});
+}
+
+void VirtualDisplay::press(const std::string& keys) const {
+    runCommand("xdotool key --delay 40 " + keys, {"DISPLAY=" + name_});
+}
+
+std::string VirtualDisplay::clipboard() const {
+    return runCommand("timeout 2 xclip -o -selection clipboard", {"DISPLAY=" + name_}).output;
+}
+
+void VirtualDisplay::setClipboard(const std::string& text) const {
+    // It stays to answer whoever pastes, until another one copies.
+    runCommand("printf %s '" + text + "' | xclip -i -selection clipboard >/dev/null 2>&1 3>&-",
+               {"DISPLAY=" + name_});
+}
+
 }  // namespace zn

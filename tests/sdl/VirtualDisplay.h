@@ -21,6 +21,13 @@ public:
     Ref<UIImage> screenshot() const;
     /// A mouse click at a place of the screen.
     void click(int x, int y) const;
+    /// Types a text with the keyboard, whatever keys that takes.
+    void type(const std::string& text) const;
+    /// Presses keys by their X names, "ctrl+a", one after the other.
+    void press(const std::string& keys) const;
+    /// The clipboard, as another program reads and writes it.
+    std::string clipboard() const;
+    void setClipboard(const std::string& text) const;
 
 private:
     TemporaryFolder folder_;
