@@ -6,6 +6,7 @@
 #include "DrawingPage.h"
 #include "NavigationPage.h"
 #include "RowList.h"
+#include "TextPage.h"
 #include "ToastPage.h"
 
 using namespace zn;
@@ -34,6 +35,7 @@ void HomePage::build() {
              open([] { return make<DrawingPage>(); })},
             {"Navigation", "Push, pop, bars that hide",
              open([] { return make<NavigationPage>(); })},
+            {"Text", "Fields, text views, a keyboard", open([] { return make<TextPage>(); })},
             {"Device", "The machine and its metrics", open([] { return make<DevicePage>(); })},
         }));
 }

@@ -1,4 +1,5 @@
 #include <zarnic/ZNPromptWindow.h>
+#include <zarnic/platform/UIApplication.h>
 
 #include <algorithm>
 
@@ -6,6 +7,7 @@
 #include "DrawingPage.h"
 #include "HomePage.h"
 #include "NavigationPage.h"
+#include "TextPage.h"
 #include "ToastPage.h"
 
 using namespace zn;
@@ -15,6 +17,8 @@ namespace {
 
 /// Longer than any fade or transition.
 constexpr double settled = 0.6;
+/// The same, at a moment when a caret that blinks is to be seen.
+constexpr double caretShown = 1.2;
 
 double nothing() {
     return 0;
@@ -27,6 +31,11 @@ double rest(const Ref<PageController>&) {
 double hideToast() {
     ZNPromptWindow::Hide();
     return settled;
+}
+
+void hideKeyboard() {
+    if (const auto first = UIApplication::sharedApplication()->firstResponder())
+        first->resignFirstResponder();
 }
 
 Page toast(const std::string& name, std::string summary, const char* text, bool lock,
@@ -42,7 +51,7 @@ Page toast(const std::string& name, std::string summary, const char* text, bool 
     };
     const auto leave = [keyboard] {
         if (keyboard)
-            make<ToastPage>()->toggleKeyboard();
+            hideKeyboard();
         return hideToast();
     };
     return {"toast-" + name,
@@ -74,6 +83,22 @@ Page pushed(const std::string& name, std::string summary, void (NavigationPage::
             [] { return settled; }};
 }
 
+/// The text page after something was done there, without the toast or with one.
+Page text(const std::string& name, std::string summary, void (TextPage::*act)(), bool toasts) {
+    const auto pose = [act, toasts](const Ref<PageController>& page) {
+        (as<TextPage>(page).get()->*act)();
+        if (toasts)
+            ZNPromptWindow::ShowMsg(ToastPage::shortText);
+        return caretShown;
+    };
+    const auto leave = [] {
+        hideKeyboard();
+        return hideToast();
+    };
+    return {"text-" + name, "Text", std::move(summary), [] { return make<TextPage>(); },
+            pose,           leave};
+}
+
 }  // namespace
 
 const std::vector<Page>& pages() {
@@ -86,6 +111,10 @@ const std::vector<Page>& pages() {
         toast("locked", "a message that dims and locks the screen", ToastPage::lockText, true,
               false),
         toast("keyboard", "a message above a shown keyboard", ToastPage::shortText, false, true),
+        plain<TextPage>("text", "Text", "fields, a text view with a placeholder, fonts"),
+        text("selection", "a selected word above the keyboard", &TextPage::editName, false),
+        text("composition", "a composition in a text view", &TextPage::writeNote, false),
+        text("toast", "a toast above the keyboard", &TextPage::editName, true),
         plain<DrawingPage>("drawing", "Drawing", "grid, gradients, shadow, snapshot, pixel colour"),
         plain<NavigationPage>("navigation", "Navigation", "screens that push one another"),
         pushed("push", "a push half-way", &NavigationPage::push, 0.1),

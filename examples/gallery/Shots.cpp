@@ -4,6 +4,7 @@
 #include <zarnic/platform/HeadlessHost.h>
 #include <zarnic/platform/ManualClock.h>
 #include <zarnic/platform/TextLayout.h>
+#include <zarnic/platform/UIApplication.h>
 #include <zarnic/platform/UIWindow.h>
 
 #include <cmath>
@@ -99,6 +100,7 @@ int drawShots(const Options& options) {
     const auto clock = std::make_shared<ManualClock>(SystemClock().now());
     Clock::setShared(clock);
     HeadlessHost host(options.device);
+    UIApplication::sharedApplication()->setShowsKeyboardPanel(!options.device.tablet);
     const std::filesystem::path folder = "out/gallery";
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);

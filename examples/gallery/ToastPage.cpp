@@ -1,10 +1,7 @@
 #include "ToastPage.h"
 
 #include <zarnic/ZNPromptWindow.h>
-#include <zarnic/platform/UIApplication.h>
-#include <zarnic/platform/UIScreen.h>
 
-#include "KeyboardPanel.h"
 #include "RowList.h"
 #include "Theme.h"
 
@@ -30,6 +27,9 @@ void ToastPage::build() {
                           {"A Chinese one", "中文提示", show(chineseText)},
                       }));
     addHeading("AROUND THEM");
+    // A keyboard comes up for what takes text, be it ever so small.
+    field_ = make<UITextField>(Rect());
+    view()->addSubview(field_);
     const WeakRef<ToastPage> weak = ref(this);
     add(make<RowList>(Point{}, contentWidth(),
                       std::vector<Row>{
@@ -44,12 +44,10 @@ void ToastPage::build() {
 }
 
 void ToastPage::toggleKeyboard() {
-    const auto application = UIApplication::sharedApplication();
-    if (application->keyboardHeight() > 0)
-        application->hideKeyboard();
+    if (field_->isFirstResponder())
+        field_->resignFirstResponder();
     else
-        application->showKeyboard(KeyboardPanel::heightFor(*UIScreen::mainScreen()));
-    KeyboardPanel::shared()->follow();
+        field_->becomeFirstResponder();
 }
 
 }  // namespace gallery

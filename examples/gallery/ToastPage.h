@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zarnic/platform/UITextField.h>
+
 #include "Page.h"
 
 namespace gallery {
@@ -20,6 +22,9 @@ public:
 
 protected:
     void build() override;
+
+private:
+    zn::Ref<zn::UITextField> field_;
 };
 
 }  // namespace gallery

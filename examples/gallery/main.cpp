@@ -1,4 +1,5 @@
 #include <zarnic/ZNNavigationController.h>
+#include <zarnic/platform/UIApplication.h>
 #include <zarnic/platform/UIFont.h>
 #include <zarnic/platform/UIWindow.h>
 #include <zarnic/sdl/SdlHost.h>
@@ -37,6 +38,7 @@ int runWindow(SdlHost& host, const Options& options) {
     const auto window = make<UIWindow>(UIScreen::mainScreen()->bounds());
     window->setRootViewController(rootFor(options));
     window->makeKeyAndVisible();
+    UIApplication::sharedApplication()->setShowsKeyboardPanel(!options.device.tablet);
     host.run();
     return 0;
 }
