@@ -3,6 +3,7 @@
 #include <cmath>
 #include <mutex>
 
+#include "testing/TemporaryHome.h"
 #include "zarnic/platform/NSLog.h"
 #include "zarnic/platform/Services.h"
 #include "zarnic/platform/UIApplication.h"
@@ -46,6 +47,7 @@ struct Stage::State {
     }
     ~State() { setLogSink({}); }
 
+    const TemporaryHome home;
     std::shared_ptr<ManualClock> clock;
     Ref<FakeDeviceFacts> device;
     Ref<FakeURLOpener> urlOpener;

@@ -17,8 +17,8 @@
 namespace zn {
 
 /// A whole application in a test: a clock that moves only when told, a screen without a display,
-/// and services that answer what the test wants. Make one at the beginning of a test's process,
-/// before anything asks for the time or the screen. Main thread only.
+/// services that answer what the test wants and, unless `ZARNIC_HOME` is set, a home that goes with
+/// it. Make one before anything asks for the time, the screen or a folder. Main thread only.
 class ZN_EXPORT Stage {
 public:
     struct Options {
