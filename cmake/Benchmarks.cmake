@@ -16,7 +16,7 @@ endforeach()
 target_compile_definitions(zarnic-bench PRIVATE ZARNIC_START="$<TARGET_FILE:zarnic-start>"
     QT_START="$<TARGET_FILE:qt-start>")
 target_link_libraries(zarnic-bench PRIVATE zarnic benchmark::benchmark Qt6::Sql Qt6::Widgets
-    SQLiteCpp PkgConfig::SQLITE)
+    SQLiteCpp PkgConfig::SQLITE PkgConfig::CRYPTO)
 target_link_libraries(zarnic-start PRIVATE zarnic)
 target_link_libraries(qt-start PRIVATE Qt6::Widgets)
 add_dependencies(zarnic-bench zarnic-start qt-start)

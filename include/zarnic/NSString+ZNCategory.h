@@ -13,7 +13,7 @@ namespace zn {
 /// Whether the whole text matches the ICU regular expression: case counts, a dot stands for no line
 /// break, a line break at the end counts. False for an empty expression. Throws
 /// `NSInvalidArgumentException` for an expression that is not valid, and for one that needs more
-/// time (about a second) or memory (8 MB) on this text than is reasonable.
+/// time (some tenths of a second) or memory (8 MB) on this text than is reasonable.
 ZN_EXPORT bool zn_IsMatchRegEx(std::string_view text, std::string_view expression);
 
 /// Digests as lower-case hexadecimal digits, of the UTF-8 text unless it says otherwise; nothing

@@ -9,7 +9,7 @@
 namespace zn {
 namespace {
 
-/// In ICU's units, which are about a millisecond each on a machine of 2020.
+/// In ICU's units, each of which takes some tenths of a millisecond.
 constexpr std::int32_t timeLimit = 1000;
 /// Bytes of what a match puts aside to come back to.
 constexpr std::int32_t stackLimit = 8'000'000;
