@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <vector>
 
 #include "platform/drawing/Compositing.h"
+#include "platform/drawing/NearestNeighbor.h"
 
 namespace zn {
 
@@ -29,19 +29,6 @@ cairo_filter_t filterFor(CGInterpolationQuality quality) {
     }
 }
 
-/// For each device pixel from `first` on, the image's row or column under its centre.
-std::vector<std::size_t> samples(int first, int end, double origin, double scale,
-                                 std::size_t count) {
-    std::vector<std::size_t> indices;
-    for (int pixel = first; pixel < end; ++pixel) {
-        // A hair towards the right keeps exact edges exact under rounding.
-        const double place = std::floor((pixel + 0.5 - origin) / scale + 1e-9);
-        indices.push_back(
-            static_cast<std::size_t>(std::clamp(place, 0.0, static_cast<double>(count - 1))));
-    }
-    return indices;
-}
-
 /// Nearest-neighbour sampling at pixel centres, exactly: Cairo's own keeps the scale as a 16.16
 /// number and breaks ties the other way, which shifts the edges of bar codes. The result has one
 /// pixel for each device pixel inside `box`.
@@ -53,8 +40,8 @@ CairoSurface sampled(const CGImage& image, const cairo_matrix_t& toDevice, const
     unsigned char* data = cairo_image_surface_get_data(surface.get());
     if (data == nullptr)
         return nullptr;
-    const auto columns = samples(left, right, toDevice.x0, toDevice.xx, image.width());
-    const auto rows = samples(top, bottom, toDevice.y0, toDevice.yy, image.height());
+    const auto columns = nearestSamples(left, right, toDevice.x0, toDevice.xx, image.width());
+    const auto rows = nearestSamples(top, bottom, toDevice.y0, toDevice.yy, image.height());
     const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface.get());
     for (std::size_t y = 0; y < rows.size(); ++y) {
         auto* to = reinterpret_cast<std::uint32_t*>(data + static_cast<std::ptrdiff_t>(y) * stride);

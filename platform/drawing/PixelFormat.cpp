@@ -24,12 +24,6 @@ std::uint32_t at(const std::byte* bytes, std::uint8_t index) {
     return std::to_integer<std::uint32_t>(bytes[index]);
 }
 
-/// Brightness by the weights of ITU-R BT.601, rounded halves up.
-std::uint32_t luma(std::uint32_t pixel) {
-    const std::uint32_t red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
-    return (299 * red + 587 * green + 114 * blue + 500) / 1000;
-}
-
 }  // namespace
 
 std::optional<PixelFormat> PixelFormat::of(CGColorSpace space, std::uint32_t bitmapInfo) {

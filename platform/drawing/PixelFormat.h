@@ -19,6 +19,12 @@ constexpr std::uint32_t straight(std::uint32_t channel, std::uint32_t alpha) {
     return alpha == 0 ? 0 : (channel * 510 + alpha) / (alpha * 2);
 }
 
+/// Brightness by the weights of ITU-R BT.601, rounded halves up; premultiplied, as the colours are.
+constexpr std::uint32_t luma(std::uint32_t pixel) {
+    const std::uint32_t red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
+    return (299 * red + 587 * green + 114 * blue + 500) / 1000;
+}
+
 /// How a caller's bitmap lays out its pixels: 8 bits a component, 32 bits a pixel with colour, 8
 /// bits a pixel in grey.
 class PixelFormat {
