@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "Theme.h"
+#include "Tiles.h"
 
 using namespace zn;
 
@@ -13,7 +14,6 @@ namespace gallery {
 namespace {
 
 constexpr double tileHeight = 92;
-constexpr double captionHeight = 34;
 
 Ref<UIColor> violet() {
     return UIColor::colorWithRed(0.486, 0.361, 0.906, 1);
@@ -101,7 +101,7 @@ void DrawingPage::init() {
 }
 
 Size DrawingPage::tile() {
-    return {(contentWidth() - theme::gap) / 2 - 2 * theme::gap, tileHeight};
+    return {tileWidth(contentWidth(), 2) - 2 * theme::gap, tileHeight};
 }
 
 void DrawingPage::build() {
@@ -143,22 +143,7 @@ Ref<UIView> DrawingPage::pixelOf(const Ref<UIView>& view) {
 
 void DrawingPage::addPair(const Ref<UIView>& left, std::string_view leftText,
                           const Ref<UIView>& right, std::string_view rightText) {
-    const double width = (contentWidth() - theme::gap) / 2;
-    const double height = tileHeight + captionHeight + theme::gap;
-    const auto pair = make<UIView>(Rect(0, 0, contentWidth(), height));
-    const auto place = [&](const Ref<UIView>& view, std::string_view text, double x) {
-        const auto panel = theme::panel(Rect(x, 0, width, height));
-        view->setCenter({width / 2, theme::gap + tileHeight / 2});
-        panel->addSubview(view);
-        const auto caption = theme::label(text, theme::note(), theme::quietInk(),
-                                          {0, theme::gap + tileHeight + 8}, width);
-        caption->setTextAlignment(NSTextAlignment::Center);
-        panel->addSubview(caption);
-        pair->addSubview(panel);
-    };
-    place(left, leftText, 0);
-    place(right, rightText, width + theme::gap);
-    add(pair);
+    add(tileRow(contentWidth(), tileHeight, {{left, leftText}, {right, rightText}}));
 }
 
 }  // namespace gallery

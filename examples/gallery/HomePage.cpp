@@ -2,8 +2,11 @@
 
 #include <zarnic/platform/UINavigationController.h>
 
+#include "CodesPage.h"
+#include "ColorsPage.h"
 #include "DevicePage.h"
 #include "DrawingPage.h"
+#include "ImagesPage.h"
 #include "NavigationPage.h"
 #include "RowList.h"
 #include "TextPage.h"
@@ -33,6 +36,10 @@ void HomePage::build() {
             {"Toast", "Messages that come and go", open([] { return make<ToastPage>(); })},
             {"Drawing", "Grids, gradients, shadows, pixels",
              open([] { return make<DrawingPage>(); })},
+            {"Codes", "QR codes and bar codes", open([] { return make<CodesPage>(); })},
+            {"Colours", "Hexadecimal texts, light or dark",
+             open([] { return make<ColorsPage>(); })},
+            {"Images", "Tints, scalings, captures, icons", open([] { return make<ImagesPage>(); })},
             {"Navigation", "Push, pop, bars that hide",
              open([] { return make<NavigationPage>(); })},
             {"Text", "Fields, text views, a keyboard", open([] { return make<TextPage>(); })},

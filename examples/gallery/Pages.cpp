@@ -3,9 +3,12 @@
 
 #include <algorithm>
 
+#include "CodesPage.h"
+#include "ColorsPage.h"
 #include "DevicePage.h"
 #include "DrawingPage.h"
 #include "HomePage.h"
+#include "ImagesPage.h"
 #include "NavigationPage.h"
 #include "TextPage.h"
 #include "ToastPage.h"
@@ -116,6 +119,9 @@ const std::vector<Page>& pages() {
         text("composition", "a composition in a text view", &TextPage::writeNote, false),
         text("toast", "a toast above the keyboard", &TextPage::editName, true),
         plain<DrawingPage>("drawing", "Drawing", "grid, gradients, shadow, snapshot, pixel colour"),
+        plain<CodesPage>("codes", "Codes", "QR code, bar code, a recoloured picture"),
+        plain<ColorsPage>("colours", "Colours", "hexadecimal texts, light or dark, chance"),
+        plain<ImagesPage>("images", "Images", "tint, scale, crop, capture, application icons"),
         plain<NavigationPage>("navigation", "Navigation", "screens that push one another"),
         pushed("push", "a push half-way", &NavigationPage::push, 0.1),
         pushed("second", "a second screen", &NavigationPage::push, settled),
