@@ -15,8 +15,10 @@ foreach(program zarnic-bench zarnic-start qt-start)
 endforeach()
 target_compile_definitions(zarnic-bench PRIVATE ZARNIC_START="$<TARGET_FILE:zarnic-start>"
     QT_START="$<TARGET_FILE:qt-start>")
+find_library(ZINT_LIBRARY zint REQUIRED)
 target_link_libraries(zarnic-bench PRIVATE zarnic benchmark::benchmark Qt6::Sql Qt6::Widgets
-    SQLiteCpp PkgConfig::SQLITE PkgConfig::CRYPTO)
+    SQLiteCpp PkgConfig::SQLITE PkgConfig::CRYPTO
+    PkgConfig::CAIRO PkgConfig::QRENCODE PkgConfig::ZXING ${ZINT_LIBRARY})
 target_link_libraries(zarnic-start PRIVATE zarnic)
 target_link_libraries(qt-start PRIVATE Qt6::Widgets)
 add_dependencies(zarnic-bench zarnic-start qt-start)
