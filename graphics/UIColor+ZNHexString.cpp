@@ -65,6 +65,18 @@ bool isAscii(std::string_view text) {
                                [](char unit) { return static_cast<unsigned char>(unit) < 0x80; });
 }
 
+/// Without blanks at both ends.
+std::string_view trimmed(std::string_view text) {
+    const auto blank = [](char unit) {
+        return characterKinds[static_cast<std::uint8_t>(unit)] == Blank;
+    };
+    while (!text.empty() && blank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && blank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
 Ref<UIColor> colorOfUnits(std::string_view text, double alpha) {
     constexpr std::size_t longestWithoutMeaning = 5;
     // On purpose before the prefix is dropped, so that #FFF and 0XFFF are clear.
@@ -89,9 +101,9 @@ Ref<UIColor> ZN_ColorWithHexString(std::string_view text) {
 }
 
 Ref<UIColor> ZN_ColorwithHexString(std::string_view text, double alpha) {
-    const std::string_view trimmed = stringByTrimmingWhitespaceAndNewlines(text);
-    return isAscii(trimmed) ? colorOfUnits(trimmed, alpha)
-                            : colorOfUnits(asciiUnits(trimmed), alpha);
+    if (isAscii(text))
+        return colorOfUnits(trimmed(text), alpha);
+    return colorOfUnits(asciiUnits(stringByTrimmingWhitespaceAndNewlines(text)), alpha);
 }
 
 }  // namespace zn

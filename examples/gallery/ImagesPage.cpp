@@ -2,6 +2,8 @@
 
 #include <zarnic/UIColor+ZNCategory.h>
 #include <zarnic/UIImage+ZNCategory.h>
+#include <zarnic/ZNAppIconHelper.h>
+#include <zarnic/ZNPromptWindow.h>
 
 #include <array>
 #include <cmath>
@@ -113,6 +115,12 @@ void ImagesPage::addIcons(const Ref<UIImage>& source) {
         x += edge / 2 + theme::gap;
     }
     add(panel);
+    add(make<RowList>(
+        Point{}, contentWidth(),
+        std::vector<Row>{{"Write all 18", "JPEG files, into the Documents folder", [source] {
+                              ZNAppIconHelper::ZN_GeneratorAppIconViaImage(source);
+                              ZNPromptWindow::ShowMsg("Written");
+                          }}}));
 }
 
 }  // namespace gallery

@@ -17,6 +17,7 @@
 #include "zarnic/UITextView+ZNCategory.h"
 #include "zarnic/UIView+ZNCategory.h"
 #include "zarnic/Version.h"
+#include "zarnic/ZNAppIconHelper.h"
 #include "zarnic/ZNDataBaseHelper.h"
 #include "zarnic/ZNFileHelper.h"
 #include "zarnic/ZNNavigationController.h"
