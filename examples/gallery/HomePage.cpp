@@ -9,6 +9,7 @@
 #include "ImagesPage.h"
 #include "NavigationPage.h"
 #include "RowList.h"
+#include "ScrollingPage.h"
 #include "TextPage.h"
 #include "ToastPage.h"
 
@@ -43,6 +44,8 @@ void HomePage::build() {
             {"Navigation", "Push, pop, bars that hide",
              open([] { return make<NavigationPage>(); })},
             {"Text", "Fields, text views, a keyboard", open([] { return make<TextPage>(); })},
+            {"Scrolling", "Pages, rows and a long list",
+             open([] { return make<ScrollingPage>(); })},
             {"Device", "The machine and its metrics", open([] { return make<DevicePage>(); })},
         }));
 }

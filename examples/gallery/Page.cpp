@@ -1,7 +1,6 @@
 #include "Page.h"
 
 #include <zarnic/platform/UIScreen.h>
-#include <zarnic/platform/UIScrollView.h>
 
 #include <cmath>
 
@@ -10,11 +9,22 @@
 using namespace zn;
 
 namespace gallery {
+namespace {
+
+/// A drag scrolls also when it begins on a row or a button.
+class Column : public UIScrollView {
+    ZN_OBJECT(Column, UIScrollView)
+public:
+    using UIScrollView::UIScrollView;
+    bool touchesShouldCancelInContentView(const Ref<UIView>&) override { return true; }
+};
+
+}  // namespace
 
 void PageController::viewDidLoad() {
     ZNViewController::viewDidLoad();
     view()->setBackgroundColor(theme::background());
-    content_ = make<UIScrollView>(view()->bounds());
+    content_ = make<Column>(view()->bounds());
     view()->addSubview(content_);
     // A screen without a bar reaches up under the status bar.
     const double top = navigationBarHide() ? UIScreen::mainScreen()->profile().statusBarHeight : 0;
@@ -25,6 +35,12 @@ void PageController::viewDidLoad() {
 void PageController::viewDidLayoutSubviews() {
     ZNViewController::viewDidLayoutSubviews();
     content_->setFrame(view()->bounds());
+    const double below = theme::margin + UIScreen::mainScreen()->profile().safeBottom;
+    content_->setContentSize({view()->bounds().width(), bottom_ - theme::gap + below});
+}
+
+void PageController::showEnd() {
+    content_->scrollRectToVisible({0, content_->contentSize().height - 1, 1, 1}, false);
 }
 
 double PageController::contentWidth() {

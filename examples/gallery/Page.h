@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zarnic/ZNViewController.h>
+#include <zarnic/platform/UIScrollView.h>
 
 #include <functional>
 #include <string>
@@ -15,6 +16,8 @@ class PageController : public zn::ZNViewController {
 public:
     void viewDidLoad() override;
     void viewDidLayoutSubviews() override;
+    /// Scrolls to the end of the column.
+    void showEnd();
 
 protected:
     /// Fills the column; called once.
@@ -27,7 +30,7 @@ protected:
     void add(const zn::Ref<zn::UIView>& view);
 
 private:
-    zn::Ref<zn::UIView> content_;
+    zn::Ref<zn::UIScrollView> content_;
     double bottom_ = 0;
 };
 

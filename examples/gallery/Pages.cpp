@@ -10,6 +10,7 @@
 #include "HomePage.h"
 #include "ImagesPage.h"
 #include "NavigationPage.h"
+#include "ScrollingPage.h"
 #include "TextPage.h"
 #include "ToastPage.h"
 
@@ -71,6 +72,39 @@ Page plain(std::string name, std::string title, std::string summary) {
             nothing};
 }
 
+/// The scrolling page at its end.
+Page scrolledToEnd() {
+    const auto pose = [](const Ref<PageController>& page) {
+        page->showEnd();
+        return settled;
+    };
+    return {"scrolling-end",
+            "Scrolling",
+            "the end of the list",
+            [] { return make<ScrollingPage>(); },
+            pose,
+            nothing};
+}
+
+/// The scrolling page under a finger that goes from one place to another and stays there.
+Page dragged(const std::string& name, std::string summary, Point from, Point to) {
+    const auto pose = [from, to](const Ref<PageController>&) {
+        const auto application = UIApplication::sharedApplication();
+        application->touchDown(1, from);
+        application->touchMove(1, to);
+        return 0.1;
+    };
+    return {"scrolling-" + name,
+            "Scrolling",
+            std::move(summary),
+            [] { return make<ScrollingPage>(); },
+            pose,
+            [] {
+                UIApplication::sharedApplication()->touchCancel(1);
+                return settled;
+            }};
+}
+
 /// A navigation page with one more screen pushed, after so many seconds of the push.
 Page pushed(const std::string& name, std::string summary, void (NavigationPage::*push)(),
             double after) {
@@ -126,6 +160,11 @@ const std::vector<Page>& pages() {
         pushed("push", "a push half-way", &NavigationPage::push, 0.1),
         pushed("second", "a second screen", &NavigationPage::push, settled),
         pushed("hidden", "a screen without a bar", &NavigationPage::pushWithoutBar, settled),
+        plain<ScrollingPage>("scrolling", "Scrolling", "pages, a row and a long list"),
+        scrolledToEnd(),
+        dragged("down", "the list dragged up by a finger", {60, 600}, {60, 220}),
+        dragged("pulled", "pulled beyond the top", {60, 520}, {60, 760}),
+        dragged("pages", "half-way between two pages", {300, 180}, {130, 180}),
         plain<DevicePage>("device", "Device", "the machine and its screen metrics"),
     };
     return all;

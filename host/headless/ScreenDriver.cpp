@@ -7,8 +7,9 @@ namespace {
 
 constexpr int paintOrder = CACommitOrder + 1000;
 
-Ref<CALayer> rootOf(const DeviceProfile& device) {
+Ref<CALayer> rootOf(const DeviceProfile& device, double framesPerSecond) {
     const auto screen = UIScreen::mainScreen();
+    screen->setMaximumFramesPerSecond(framesPerSecond);
     screen->setProfile(device);
     return screen->rootLayer();
 }
@@ -16,7 +17,7 @@ Ref<CALayer> rootOf(const DeviceProfile& device) {
 }  // namespace
 
 ScreenDriver::ScreenDriver(const DeviceProfile& device, Presenter presenter, double framesPerSecond)
-    : compositor_(rootOf(device), device.scale),
+    : compositor_(rootOf(device, framesPerSecond), device.scale),
       presenter_(std::move(presenter)),
       tick_([this] { paintCommitted(); }, framesPerSecond),
       afterCommit_(

@@ -33,6 +33,14 @@ bool allows(const Ref<UIGestureRecognizer>& asked, const Ref<UIGestureRecognizer
                                                                                          other);
 }
 
+/// Whether `recognizer` may be recognised only once `other` has failed.
+bool mustOutlast(const UIGestureRecognizer& recognizer, const Ref<UIGestureRecognizer>& other,
+                 const std::vector<WeakRef<UIGestureRecognizer>>& required) {
+    return std::any_of(required.begin(), required.end(),
+                       [&](const auto& weak) { return weak.lock() == other; }) ||
+           recognizer.shouldRequireFailureOfGestureRecognizer(other);
+}
+
 /// Whether a recogniser must fail because `winner`, which shares a touch, was recognised.
 bool yields(const Ref<UIGestureRecognizer>& recognizer, const Ref<UIGestureRecognizer>& winner) {
     return recognizer->canBePreventedByGestureRecognizer(winner) && !allows(winner, recognizer) &&
@@ -113,13 +121,13 @@ void GestureArbiter::request(const Ref<UIGestureRecognizer>& recognizer, State w
 
 GestureArbiter::Verdict GestureArbiter::requirements(const UIGestureRecognizer& recognizer) const {
     Verdict verdict = Verdict::Go;
-    for (const auto& weak : recognizer.requiredToFail_) {
-        const auto required = weak.lock();
-        if (!required || !isActive(required))
+    for (const auto& other : active_) {
+        if (other.get() == &recognizer ||
+            !mustOutlast(recognizer, other, recognizer.requiredToFail_))
             continue;
-        if (required->state_ == State::Possible)
+        if (other->state_ == State::Possible)
             verdict = Verdict::Wait;
-        else if (required->state_ != State::Failed)
+        else if (other->state_ != State::Failed)
             return Verdict::Fail;
     }
     return verdict;

@@ -8,6 +8,7 @@ namespace zn {
 
 struct UIScreen::State {
     DeviceProfile profile;
+    double framesPerSecond = 60;
     Ref<CALayer> root;
     WindowStack windows;
     Ref<StatusBar> statusBar;

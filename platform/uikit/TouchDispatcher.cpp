@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/uikit/ContentTouches.h"
 #include "platform/uikit/ScreenSpace.h"
+#include "platform/uikit/StatusBarTap.h"
 #include "zarnic/platform/Clock.h"
 #include "zarnic/platform/UIApplication.h"
 
@@ -191,7 +193,11 @@ void TouchDispatcher::touchUp(std::int64_t finger, Point place) {
         const bool strayed = distance(contact->touch->location_, contact->start) > tapDistance;
         lastTap_.time = contact->touch->timestamp_;
         lastTap_.count = strayed ? 0 : contact->touch->tapCount_;
+        const bool tapsStatusBar =
+            !strayed && !gestures_.claims(contact->touch) && StatusBarTap::isIn(contact->start);
         lift(contact, UITouchPhase::Ended);
+        if (tapsStatusBar)
+            StatusBarTap::scrollToTop(contact->touch->window());
     });
 }
 
@@ -248,6 +254,10 @@ void TouchDispatcher::tellView(const ContactRef& contact, ResponderHandler handl
 /// A view that hears late of a touch finds it where it came down.
 void TouchDispatcher::deliverBegan(const ContactRef& contact) {
     UITouch& touch = *contact->touch;
+    // Whoever is asked may come back here.
+    contact->delivery = Delivery::Finished;
+    if (!ContentTouches::mayBegin(contact->touch, event_))
+        return;
     const UITouchPhase phase = touch.phase_;
     const Point place = touch.location_;
     contact->delivery = Delivery::Delivered;
@@ -297,6 +307,12 @@ void TouchDispatcher::cancelInViews(const TouchSet& touches) {
     for (const ContactRef& contact : contacts)
         if (std::find(touches.begin(), touches.end(), contact->touch) != touches.end())
             cancelInView(contact);
+}
+
+bool TouchDispatcher::viewHas(const Ref<UITouch>& touch) const {
+    return std::any_of(contacts_.begin(), contacts_.end(), [&](const ContactRef& contact) {
+        return contact->touch == touch && contact->delivery == Delivery::Delivered;
+    });
 }
 
 void TouchDispatcher::requestState(const Ref<UIGestureRecognizer>& recognizer,

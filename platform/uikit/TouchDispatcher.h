@@ -25,6 +25,9 @@ public:
     /// Cancels the touches whose window is hidden or whose view has left its window.
     void cancelDetached();
 
+    /// Whether the touch's view has heard of it and not yet of its end.
+    bool viewHas(const Ref<UITouch>& touch) const;
+
     void requestState(const Ref<UIGestureRecognizer>& recognizer, UIGestureRecognizerState state);
     void stopRecognizer(const Ref<UIGestureRecognizer>& recognizer);
 

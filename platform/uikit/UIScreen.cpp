@@ -48,6 +48,14 @@ const DeviceProfile& UIScreen::profile() const {
     return state_->profile;
 }
 
+double UIScreen::maximumFramesPerSecond() const {
+    return state_->framesPerSecond;
+}
+
+void UIScreen::setMaximumFramesPerSecond(double framesPerSecond) {
+    state_->framesPerSecond = framesPerSecond;
+}
+
 void UIScreen::setProfile(const DeviceProfile& profile) {
     state_->profile = profile;
     setUIGraphicsMainScreenScale(profile.scale);

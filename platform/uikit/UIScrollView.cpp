@@ -1,121 +1,135 @@
 #include "zarnic/platform/UIScrollView.h"
 
-#include <algorithm>
-
-#include "zarnic/platform/DisplayTick.h"
+#include "platform/uikit/PixelRounding.h"
+#include "platform/uikit/ScreenSpace.h"
+#include "platform/uikit/ScrollViewState.h"
+#include "zarnic/platform/UIScreen.h"
 
 namespace zn {
 
-namespace {
+ZN_REGISTER_CLASS(UIScrollView);
 
-constexpr double AnimationDuration = 0.3;
+UIScrollView::UIScrollView() : UIScrollView(Rect()) {}
 
-struct Range {
-    double start;
-    double end;
-};
-
-/// The offset nearest to the present one at which the range shows, inside what can be scrolled to.
-double offsetShowing(Range range, double offset, double side, Range scrollable) {
-    const double least = range.end - side, most = range.start;
-    // A range that does not fit shows its beginning, or stays when only its inside is seen.
-    const double nearest =
-        least <= most ? std::clamp(offset, least, most) : std::clamp(offset, most, least);
-    return std::max(scrollable.start, std::min(nearest, scrollable.end - side));
-}
-
-}  // namespace
-
-/// Moves the offset frame by frame.
-class UIScrollView::Animation {
-public:
-    Animation(UIScrollView& view, Point target)
-        : view_(view),
-          from_(view.contentOffset()),
-          target_(target),
-          begin_(CACurrentMediaTime()),
-          tick_([this] { step(); }) {
-        tick_.start();
-    }
-
-private:
-    void step() {
-        const Ref<UIScrollView> view = ref(&view_);
-        const double elapsed = CACurrentMediaTime() - begin_;
-        if (elapsed >= AnimationDuration) {
-            finish(view);
-            return;
-        }
-        const double done = CAMediaTimingFunction::easeInEaseOut().at(elapsed / AnimationDuration);
-        view->moveTo(
-            {from_.x + (target_.x - from_.x) * done, from_.y + (target_.y - from_.y) * done});
-    }
-
-    void finish(const Ref<UIScrollView>& view) {
-        const Point target = target_;
-        // The delegate may begin another one: this one is over before it hears of the end.
-        const std::unique_ptr<Animation> self = std::move(view->animation_);
-        tick_.stop();
-        view->moveTo(target);
-        if (const auto delegate = view->delegate())
-            delegate->scrollViewDidEndScrollingAnimation(view);
-    }
-
-    UIScrollView& view_;
-    Point from_;
-    Point target_;
-    double begin_;
-    DisplayTick tick_;
-};
-
-UIScrollView::UIScrollView() = default;
-
-UIScrollView::UIScrollView(const Rect& frame) : UIView(frame) {}
+UIScrollView::UIScrollView(const Rect& frame)
+    : UIView(frame), state_(std::make_unique<State>(*this)) {}
 
 UIScrollView::~UIScrollView() = default;
 
 void UIScrollView::init() {
     UIView::init();
     setClipsToBounds(true);
+    state_->pan =
+        make<ScrollPanGestureRecognizer>(Action(ref(this), "panned", &UIScrollView::panned));
+    state_->delay = make<ContentTouchDelay>();
+    addGestureRecognizer(state_->delay);
+    addGestureRecognizer(state_->pan);
 }
 
-void UIScrollView::setContentOffset(Point offset) {
-    animation_.reset();
-    moveTo(offset);
+ScrollRange UIScrollView::State::horizontalRange() const {
+    const double side = view.bounds().width(), low = -view.contentInset_.left;
+    const double high = std::max(low, view.contentSize_.width + view.contentInset_.right - side);
+    return {low, high, side, view.bounces_ && (high > low || view.alwaysBounceHorizontal_)};
 }
 
-void UIScrollView::setContentOffset(Point offset, bool animated) {
-    if (animated && offset != contentOffset())
-        animateTo(offset);
-    else
-        setContentOffset(offset);
+ScrollRange UIScrollView::State::verticalRange() const {
+    const double side = view.bounds().height(), low = -view.contentInset_.top;
+    const double high = std::max(low, view.contentSize_.height + view.contentInset_.bottom - side);
+    return {low, high, side, view.bounces_ && (high > low || view.alwaysBounceVertical_)};
 }
 
-void UIScrollView::animateTo(Point offset) {
-    animation_ = std::make_unique<Animation>(*this, offset);
+UIScrollView::State::Axes UIScrollView::State::movableAxes() const {
+    const auto movable = [](const ScrollRange& range) {
+        return range.high > range.low || range.bounces;
+    };
+    return {movable(horizontalRange()), movable(verticalRange())};
 }
 
-void UIScrollView::moveTo(Point offset) {
-    setBounds({offset, bounds().size});
+bool UIScrollView::State::hasRoomFor(Point movement) const {
+    const auto room = [](double way, double offset, const ScrollRange& range) {
+        return way > 0 ? offset > range.low : way < 0 && offset < range.high;
+    };
+    const Point offset = view.contentOffset();
+    return room(movement.x, offset.x, horizontalRange()) ||
+           room(movement.y, offset.y, verticalRange());
+}
+
+Point UIScrollView::State::rounded(Point offset) const {
+    const double scale = UIScreen::mainScreen()->scale();
+    return {roundToPixel(offset.x, scale), roundToPixel(offset.y, scale)};
+}
+
+void UIScrollView::setContentSize(Size size) {
+    contentSize_ = size;
+    state_->extentChanged();
+}
+
+void UIScrollView::setContentInset(const EdgeInsets& insets) {
+    contentInset_ = insets;
+    state_->extentChanged();
 }
 
 void UIScrollView::setBounds(const Rect& bounds) {
-    const Point before = contentOffset();
+    const Rect before = this->bounds();
     UIView::setBounds(bounds);
-    const auto delegate = this->delegate();
-    if (delegate && contentOffset() != before)
-        delegate->scrollViewDidScroll(ref(this));
+    const Rect after = this->bounds();
+    if (after.size != before.size)
+        state_->extentChanged();
+    if (after.origin != before.origin)
+        state_->offsetChanged();
 }
 
-void UIScrollView::scrollRectToVisible(const Rect& rect, bool animated) {
-    const Rect visible = bounds(), wanted = rect.standardized();
-    const Point offset{
-        offsetShowing({wanted.minX(), wanted.maxX()}, visible.minX(), visible.width(),
-                      {-contentInset_.left, contentSize_.width + contentInset_.right}),
-        offsetShowing({wanted.minY(), wanted.maxY()}, visible.minY(), visible.height(),
-                      {-contentInset_.top, contentSize_.height + contentInset_.bottom})};
-    if (offset != contentOffset())
-        setContentOffset(offset, animated);
+void UIScrollView::setFrame(const Rect& frame) {
+    const Size before = bounds().size;
+    UIView::setFrame(frame);
+    if (bounds().size != before)
+        state_->extentChanged();
+}
+
+void UIScrollView::State::extentChanged() {
+    placeIndicators();
+    if (deceleration())
+        replan({});
+}
+
+void UIScrollView::State::offsetChanged() {
+    placeIndicators();
+    view.setNeedsLayout();
+    if (const auto delegate = view.delegate())
+        delegate->scrollViewDidScroll(self());
+}
+
+/// What moved on a screen comes to rest where it would.
+void UIScrollView::willMoveToWindow(const Ref<UIWindow>& window) {
+    UIView::willMoveToWindow(window);
+    if (!window && state_->deceleration())
+        state_->finish();
+}
+
+bool UIScrollView::scrollEnabled() const {
+    return state_->pan->enabled();
+}
+
+void UIScrollView::setScrollEnabled(bool enabled) {
+    state_->pan->setEnabled(enabled);
+    state_->delay->setEnabled(enabled);
+}
+
+void UIScrollView::setDecelerationRate(double rate) {
+    if (rate > 0 && rate < 1)
+        decelerationRate_ = rate;
+}
+
+bool UIScrollView::isDragging() const {
+    return state_->dragging.has_value();
+}
+
+bool UIScrollView::isDecelerating() const {
+    return state_->decelerating;
+}
+
+Ref<UIPanGestureRecognizer> UIScrollView::panGestureRecognizer() const {
+    return state_->pan;
 }
 
 }  // namespace zn

@@ -71,6 +71,13 @@ protected:
                        static_cast<int>(windowOrigin().y + place.y * scale));
     }
 
+    void drag(Point from, Point to, double seconds) {
+        const Point origin = windowOrigin();
+        display_.drag(static_cast<int>(origin.x + from.x * scale),
+                      static_cast<int>(origin.y + from.y * scale),
+                      static_cast<int>(origin.y + to.y * scale), seconds);
+    }
+
     VirtualDisplay display_;
     TemporaryFolder folder_;
     std::unique_ptr<ChildProcess> program_;
@@ -94,6 +101,14 @@ TEST_F(GalleryWindow, PushAndPopAreClickedThrough) {
     expectShows("navigation");
     click({40, 42});
     expectShows("home");
+}
+
+TEST_F(GalleryWindow, ADragScrollsAndFliesOn) {
+    open("scrolling");
+    expectShows("scrolling");
+    // The finger goes a third of the way; the flight the rest.
+    drag({60, 640}, {60, 110}, 0.1);
+    expectShows("scrolling-end");
 }
 
 TEST(GalleryProgram, FallsBackToPicturesWithOneLineWhenThereIsNoDisplay) {

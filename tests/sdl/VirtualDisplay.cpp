@@ -76,4 +76,16 @@ void VirtualDisplay::setClipboard(const std::string& text) const {
                {"DISPLAY=" + name_});
 }
 
+void VirtualDisplay::drag(int x, int fromY, int toY, double seconds) const {
+    constexpr int steps = 8;
+    const auto moveTo = [x](int y) {
+        return " mousemove " + std::to_string(x) + " " + std::to_string(y);
+    };
+    std::string command = "xdotool" + moveTo(fromY) + " mousedown 1";
+    for (int step = 1; step <= steps; ++step)
+        command += " sleep " + std::to_string(seconds / steps) +
+                   moveTo(fromY + (toY - fromY) * step / steps);
+    runCommand(command + " mouseup 1", {"DISPLAY=" + name_});
+}
+
 }  // namespace zn

@@ -28,6 +28,8 @@ public:
     /// The clipboard, as another program reads and writes it.
     std::string clipboard() const;
     void setClipboard(const std::string& text) const;
+    /// The mouse goes up or down in even steps with its button pressed, in about this time.
+    void drag(int x, int fromY, int toY, double seconds) const;
 
 private:
     TemporaryFolder folder_;

@@ -86,6 +86,12 @@ public:
         return true;
     }
 
+    /// Whether this one recognises only after `other`, which shares a touch with it, has failed;
+    /// beside what `requireGestureRecognizerToFail` says.
+    virtual bool shouldRequireFailureOfGestureRecognizer(const Ref<UIGestureRecognizer>&) const {
+        return false;
+    }
+
 protected:
     /// Subclasses move through the states: possible to ended for a single event; possible, began,
     /// changed and ended for one that lasts; failed from possible. Leaving possible asks the

@@ -45,8 +45,11 @@ public:
     Rect bounds() const;
     double scale() const;
     const DeviceProfile& profile() const;
+    /// How often the screen is painted while something moves; default 60.
+    double maximumFramesPerSecond() const;
     /// Hosts only, before the first window: what the screen is.
     void setProfile(const DeviceProfile& profile);
+    void setMaximumFramesPerSecond(double framesPerSecond);
 
     /// The layer that holds the windows' layers and the status bar's; hosts composite it.
     const Ref<CALayer>& rootLayer() const;
