@@ -45,8 +45,17 @@ zarnic_library(zarnic
         windows
         host/headless
     PUBLIC_LINK Threads::Threads
-    PRIVATE_LINK PkgConfig::ICU PkgConfig::PLIST PkgConfig::SQLITE PkgConfig::CRYPTO PkgConfig::CAIRO
-        PkgConfig::SPNG PkgConfig::JPEG PkgConfig::QRENCODE PkgConfig::ZXING)
+    PRIVATE_LINK
+        PkgConfig::CAIRO
+        PkgConfig::CRYPTO
+        PkgConfig::ICU
+        PkgConfig::JPEG
+        PkgConfig::PLIST
+        PkgConfig::QRENCODE
+        PkgConfig::SDBUS
+        PkgConfig::SPNG
+        PkgConfig::SQLITE
+        PkgConfig::ZXING)
 zarnic_library(zarnic-sdl FLOORS host/sdl PUBLIC_LINK zarnic PRIVATE_LINK PkgConfig::SDL2)
 zarnic_library(zarnic-testing FLOORS testing PUBLIC_LINK zarnic)
 

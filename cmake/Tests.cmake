@@ -11,7 +11,7 @@ endif()
 file(GLOB support_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
 add_library(zarnic-test-main OBJECT ${support_sources})
 target_include_directories(zarnic-test-main PRIVATE ${PROJECT_SOURCE_DIR})
-target_link_libraries(zarnic-test-main PUBLIC GTest::gmock)
+target_link_libraries(zarnic-test-main PUBLIC GTest::gmock PRIVATE PkgConfig::SDBUS)
 
 function(zarnic_test_program topic)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${topic}/*.cpp)

@@ -39,6 +39,8 @@ struct Stage::State {
         : clock(installedClock(options.now)),
           device(installed<DeviceFacts, FakeDeviceFacts>()),
           urlOpener(installed<URLOpener, FakeURLOpener>()),
+          bluetooth(installed<BluetoothAdapter, FakeBluetoothAdapter>()),
+          display(installed<DisplayStatus, FakeDisplayStatus>()),
           host(options.device, options.framesPerSecond) {
         setLogSink([this](std::string_view line) {
             const std::lock_guard guard(logMutex);
@@ -51,6 +53,8 @@ struct Stage::State {
     std::shared_ptr<ManualClock> clock;
     Ref<FakeDeviceFacts> device;
     Ref<FakeURLOpener> urlOpener;
+    Ref<FakeBluetoothAdapter> bluetooth;
+    Ref<FakeDisplayStatus> display;
     HeadlessHost host;
     std::vector<Ref<UIWindow>> windows;
     std::mutex logMutex;
@@ -77,6 +81,14 @@ FakeDeviceFacts& Stage::device() {
 
 FakeURLOpener& Stage::urlOpener() {
     return *state_->urlOpener;
+}
+
+FakeBluetoothAdapter& Stage::bluetooth() {
+    return *state_->bluetooth;
+}
+
+FakeDisplayStatus& Stage::display() {
+    return *state_->display;
 }
 
 void Stage::advance(double seconds) {

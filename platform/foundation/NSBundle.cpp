@@ -6,6 +6,7 @@
 #include <map>
 #include <mutex>
 
+#include "platform/foundation/BundleState.h"
 #include "platform/foundation/Folders.h"
 #include "zarnic/platform/NSPropertyListSerialization.h"
 #include "zarnic/platform/NSString.h"
@@ -34,11 +35,6 @@ std::string mainBundlePath() {
 }
 
 }  // namespace
-
-struct NSBundle::State {
-    std::once_flag infoRead;
-    Dictionary info;
-};
 
 NSBundle::NSBundle(std::string path) : path_(std::move(path)), state_(std::make_unique<State>()) {}
 

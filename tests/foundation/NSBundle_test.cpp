@@ -135,3 +135,32 @@ TEST_F(FoldersTest, otherKindsAndDomainsHaveNoFolder) {
     EXPECT_TRUE(NSSearchPathForDirectoriesInDomains(9, 2).empty());
     EXPECT_EQ(NSSearchPathForDirectoriesInDomains(9, NSAllDomainsMask).size(), 1U);
 }
+
+namespace {
+
+std::vector<std::string> localizationsOf(const std::string& info,
+                                         std::initializer_list<const char*> folders) {
+    TemporaryFolder folder;
+    for (const char* name : folders)
+        folder.write(std::string(name) + "/Localizable.strings", "");
+    folder.write("Info.plist", "<plist version=\"1.0\"><dict>" + info + "</dict></plist>");
+    return make<NSBundle>(folder.path())->localizations();
+}
+
+}  // namespace
+
+TEST(NSBundle, itsLocalizations) {
+    using Names = std::vector<std::string>;
+    const std::string german = "<key>CFBundleDevelopmentRegion</key><string>de</string>";
+    const std::string list =
+        "<key>CFBundleLocalizations</key><array><string>fr</string>"
+        "<string></string><integer>1</integer></array>";
+    EXPECT_EQ(localizationsOf("", {}), Names());
+    EXPECT_EQ(localizationsOf("", {"zh-Hans.lproj", "en.lproj", ".lproj"}),
+              (Names{"en", "zh-Hans"}));
+    EXPECT_EQ(localizationsOf(list, {"fr.lproj"}), (Names{"fr", "fr"}));
+    EXPECT_EQ(localizationsOf(german, {}), Names{"de"});
+    EXPECT_EQ(localizationsOf(german, {"fr.lproj"}), Names{"fr"});
+    EXPECT_EQ(localizationsOf(german, {"Base.lproj", "fr.lproj"}), (Names{"Base", "fr", "de"}));
+    EXPECT_EQ(localizationsOf(german, {"Base.lproj", "German.lproj"}), (Names{"Base", "German"}));
+}

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zarnic/platform/Class.h"
 #include "zarnic/platform/Value.h"
@@ -42,6 +43,21 @@ public:
     /// one, else for the largest smaller one.
     std::optional<ScaledResource> pathForScaledResource(std::string_view name,
                                                         std::string_view type, int scale) const;
+
+    /// `CFBundleDevelopmentRegion`, or empty.
+    std::string developmentLocalization() const;
+    /// Those that `Info.plist` lists, then the names of the `.lproj` folders in ascending order,
+    /// then the development region when there is only a base; only the development region when
+    /// there is nothing else. A name may come twice.
+    std::vector<std::string> localizations() const;
+    /// The localizations that suit the user's languages, best first; at least one.
+    std::vector<std::string> preferredLocalizations() const;
+    /// The text under the key in the strings file `table` (empty: `Localizable`), which may be
+    /// empty; for a key that is not there `value`, or the key itself when that is empty. The file
+    /// is read once: that of the preferred localization, of the base, or directly in the bundle. A
+    /// file that cannot be read is logged once and has no keys.
+    std::string localizedStringForKey(std::string_view key, std::string_view value,
+                                      std::string_view table) const;
 
 private:
     struct State;

@@ -11,7 +11,9 @@
 #include "zarnic/platform/UIKeyInput.h"
 #include "zarnic/platform/UIViewController.h"
 #include "zarnic/platform/UIWindow.h"
+#include "zarnic/testing/FakeBluetoothAdapter.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
+#include "zarnic/testing/FakeDisplayStatus.h"
 #include "zarnic/testing/FakeURLOpener.h"
 
 namespace zn {
@@ -79,6 +81,8 @@ public:
     // The services of the stage's machine.
     FakeDeviceFacts& device();
     FakeURLOpener& urlOpener();
+    FakeBluetoothAdapter& bluetooth();
+    FakeDisplayStatus& display();
 
 private:
     struct State;

@@ -1,11 +1,21 @@
 #include "platform/foundation/Folders.h"
+#include "platform/services/linux/LinuxBluetoothAdapter.h"
 #include "platform/services/linux/LinuxDeviceFacts.h"
+#include "platform/services/linux/LinuxDisplayStatus.h"
 #include "platform/services/linux/LinuxURLOpener.h"
 
 namespace zn {
 
+Ref<BluetoothAdapter> BluetoothAdapter::systemImplementation() {
+    return make<LinuxBluetoothAdapter>();
+}
+
 Ref<DeviceFacts> DeviceFacts::systemImplementation() {
     return make<LinuxDeviceFacts>(applicationIdentifier());
+}
+
+Ref<DisplayStatus> DisplayStatus::systemImplementation() {
+    return make<LinuxDisplayStatus>();
 }
 
 Ref<URLOpener> URLOpener::systemImplementation() {

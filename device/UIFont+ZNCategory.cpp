@@ -1,0 +1,43 @@
+#include "zarnic/UIFont+ZNCategory.h"
+
+#include "zarnic/platform/UIFont.h"
+
+namespace zn {
+namespace {
+
+/// The names of a file's fonts, which can be used from now on.
+std::vector<std::optional<std::string>> registeredNames(std::string_view path) {
+    const std::string file(path);
+    auto names = UIFont::postScriptNamesOfFontFile(file);
+    if (!names.empty())
+        UIFont::registerFontFile(file);
+    return names;
+}
+
+}  // namespace
+
+std::vector<std::string> ZN_GetAllFontNames() {
+    std::vector<std::string> lines;
+    for (const std::string& family : UIFont::familyNames()) {
+        lines.push_back("Family name: " + family);
+        for (const std::string& font : UIFont::fontNamesForFamilyName(family))
+            lines.push_back("  Font name: " + font);
+    }
+    return lines;
+}
+
+std::optional<std::string> ZN_GetCustomFontNameWithPath(std::string_view path) {
+    const auto names = registeredNames(path);
+    return names.empty() ? std::nullopt : names.front();
+}
+
+std::vector<std::string> ZN_GetCustomFontNameArrayWithPath(std::string_view path) {
+    std::vector<std::string> result;
+    for (const auto& name : registeredNames(path)) {
+        if (name)
+            result.push_back(*name);
+    }
+    return result;
+}
+
+}  // namespace zn
