@@ -10,15 +10,27 @@ set_target_properties(zarnic-bench PROPERTIES AUTOMOC ON)
 add_executable(zarnic-start bench/start/zarnic_start.cpp bench/Machine.cpp
     bench/ZarnicScene.cpp)
 add_executable(qt-start bench/start/qt_start.cpp bench/Machine.cpp bench/QtScene.cpp)
-foreach(program zarnic-bench zarnic-start qt-start)
+add_executable(zarnic-fonts bench/start/zarnic_fonts.cpp)
+foreach(program zarnic-bench zarnic-start zarnic-fonts qt-start)
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
 endforeach()
 target_compile_definitions(zarnic-bench PRIVATE ZARNIC_START="$<TARGET_FILE:zarnic-start>"
     QT_START="$<TARGET_FILE:qt-start>")
 find_library(ZINT_LIBRARY zint REQUIRED)
-target_link_libraries(zarnic-bench PRIVATE zarnic benchmark::benchmark Qt6::Sql Qt6::Widgets
-    SQLiteCpp PkgConfig::SQLITE PkgConfig::CRYPTO
-    PkgConfig::CAIRO PkgConfig::QRENCODE PkgConfig::ZXING ${ZINT_LIBRARY})
+target_link_libraries(zarnic-bench PRIVATE
+    zarnic
+    benchmark::benchmark
+    Qt6::Sql
+    Qt6::Widgets
+    PkgConfig::CAIRO
+    PkgConfig::CRYPTO
+    PkgConfig::PLIST
+    PkgConfig::QRENCODE
+    PkgConfig::SQLITE
+    PkgConfig::ZXING
+    SQLiteCpp
+    ${ZINT_LIBRARY})
 target_link_libraries(zarnic-start PRIVATE zarnic)
+target_link_libraries(zarnic-fonts PRIVATE zarnic)
 target_link_libraries(qt-start PRIVATE Qt6::Widgets)
-add_dependencies(zarnic-bench zarnic-start qt-start)
+add_dependencies(zarnic-bench zarnic-start zarnic-fonts qt-start)

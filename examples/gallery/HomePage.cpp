@@ -7,10 +7,12 @@
 #include "DevicePage.h"
 #include "DrawingPage.h"
 #include "ImagesPage.h"
+#include "LanguagePage.h"
 #include "NavigationPage.h"
 #include "RowList.h"
 #include "ScrollingPage.h"
 #include "TextPage.h"
+#include "ServicesPage.h"
 #include "ToastPage.h"
 
 using namespace zn;
@@ -46,6 +48,8 @@ void HomePage::build() {
             {"Text", "Fields, text views, a keyboard", open([] { return make<TextPage>(); })},
             {"Scrolling", "Pages, rows and a long list",
              open([] { return make<ScrollingPage>(); })},
+            {"Language", "Switched while it runs", open([] { return make<LanguagePage>(); })},
+            {"Services", "Bluetooth, the lock, fonts", open([] { return make<ServicesPage>(); })},
             {"Device", "The machine and its metrics", open([] { return make<DevicePage>(); })},
         }));
 }

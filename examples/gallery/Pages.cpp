@@ -1,7 +1,9 @@
+#include <zarnic/ZNLanguageHelper.h>
 #include <zarnic/ZNPromptWindow.h>
 #include <zarnic/platform/UIApplication.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "CodesPage.h"
 #include "ColorsPage.h"
@@ -9,9 +11,11 @@
 #include "DrawingPage.h"
 #include "HomePage.h"
 #include "ImagesPage.h"
+#include "LanguagePage.h"
 #include "NavigationPage.h"
 #include "ScrollingPage.h"
 #include "TextPage.h"
+#include "ServicesPage.h"
 #include "ToastPage.h"
 
 using namespace zn;
@@ -136,6 +140,25 @@ Page text(const std::string& name, std::string summary, void (TextPage::*act)(),
             pose,           leave};
 }
 
+/// What the user had chosen comes back when the picture is taken.
+Page language(const std::string& localization, std::string summary) {
+    const auto chosen = std::make_shared<std::string>();
+    const auto pose = [localization, chosen](const Ref<PageController>& page) {
+        const auto languages = ZNLanguageHelper::AppLanguage().value_or(ZNLanguageHelper::LanguageTable());
+        const auto found = languages.find(ZNLanguageHelper::LanguageCode());
+        *chosen = found == languages.end() || found->first < 0 ? "" : found->second;
+        as<LanguagePage>(page)->choose(localization);
+        return settled;
+    };
+    const auto leave = [chosen] {
+        const auto code = ZNLanguageHelper::LanguageCodeViaKey(*chosen);
+        ZNLanguageHelper::SetAppLanguageViaCode(code, {});
+        return settled;
+    };
+    return {"language-" + localization,          "Language", std::move(summary),
+            [] { return make<LanguagePage>(); }, pose,       leave};
+}
+
 }  // namespace
 
 const std::vector<Page>& pages() {
@@ -165,6 +188,10 @@ const std::vector<Page>& pages() {
         dragged("down", "the list dragged up by a finger", {60, 600}, {60, 220}),
         dragged("pulled", "pulled beyond the top", {60, 520}, {60, 760}),
         dragged("pages", "half-way between two pages", {300, 180}, {130, 180}),
+        language("en", "its texts in English"),
+        language("zh-Hans", "its texts in Chinese"),
+        language("ar", "its texts in Arabic, from the right"),
+        plain<ServicesPage>("services", "Services", "Bluetooth, the screen lock, a font of a file"),
         plain<DevicePage>("device", "Device", "the machine and its screen metrics"),
     };
     return all;
