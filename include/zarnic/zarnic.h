@@ -64,6 +64,7 @@
 #include "zarnic/platform/NSError.h"
 #include "zarnic/platform/NSException.h"
 #include "zarnic/platform/NSFileManager.h"
+#include "zarnic/platform/NSJSONSerialization.h"
 #include "zarnic/platform/NSKeyedArchiver.h"
 #include "zarnic/platform/NSKeyedUnarchiver.h"
 #include "zarnic/platform/NSLocale.h"

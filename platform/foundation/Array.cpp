@@ -13,11 +13,22 @@ namespace {
 
 }  // namespace
 
-Array::Array() : storage_(new Storage(Mutability::Mutable)) {}
+Array::Storage* Array::Storage::create(Mutability form, std::size_t capacity, ValuePool* pool) {
+    return ValuePool::create<Storage>(pool, capacity * sizeof(Value), form, capacity);
+}
 
-Array::Array(std::initializer_list<Value> items) : Array() {
+Array::Storage* Array::Storage::copyOf(const Storage& original, Mutability form) {
+    auto* copy = create(form, original.count);
+    copy->appendCopies(original.all());
+    return copy;
+}
+
+Array::Array() : storage_(Storage::create(Mutability::Mutable)) {}
+
+Array::Array(std::initializer_list<Value> items)
+    : Array(Storage::create(Mutability::Mutable, items.size())) {
     std::ranges::for_each(items, requirePresent);
-    storage_->items.assign(items);
+    storage_->appendCopies(items);
 }
 
 Array::Array(Storage* storage) noexcept : storage_(storage) {}
@@ -37,40 +48,42 @@ Array::~Array() {
 }
 
 std::size_t Array::count() const noexcept {
-    return storage_->items.size();
+    return storage_->count;
 }
 
 const Value& Array::operator[](std::size_t index) const {
-    const auto& items = storage_->items;
+    const auto items = storage_->all();
     if (index >= items.size())
         throwRange(index, items.size());
     return items[index];
 }
 
 const Value* Array::begin() const noexcept {
-    return storage_->items.data();
+    return storage_->values;
 }
 
 const Value* Array::end() const noexcept {
-    return storage_->items.data() + storage_->items.size();
+    return storage_->values + storage_->count;
 }
 
 void Array::add(Value item) {
     requirePresent(item);
-    mutableStorage().items.push_back(std::move(item));
+    mutableStorage().append(std::move(item));
 }
 
 void Array::insert(std::size_t index, Value item) {
     requirePresent(item);
-    auto& items = mutableStorage().items;
-    if (index > items.size())
-        throwRange(index, items.size());
-    items.insert(items.begin() + static_cast<std::ptrdiff_t>(index), std::move(item));
+    auto& storage = mutableStorage();
+    if (index > storage.count)
+        throwRange(index, storage.count);
+    storage.append(std::move(item));
+    const auto rest = storage.all().subspan(index);
+    std::rotate(rest.begin(), rest.end() - 1, rest.end());
 }
 
 void Array::replace(std::size_t index, Value item) {
     requirePresent(item);
-    auto& items = mutableStorage().items;
+    const auto items = mutableStorage().all();
     if (index >= items.size())
         throwRange(index, items.size());
     // The old item dies with the argument, when the array is whole again.
@@ -78,19 +91,22 @@ void Array::replace(std::size_t index, Value item) {
 }
 
 void Array::remove(std::size_t index) {
-    auto& items = mutableStorage().items;
-    if (index >= items.size())
-        throwRange(index, items.size());
-    const Value removed = std::move(items[index]);
-    items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
+    auto& storage = mutableStorage();
+    if (index >= storage.count)
+        throwRange(index, storage.count);
+    const auto rest = storage.all().subspan(index);
+    // The item dies at the end, when the array is whole again.
+    const Value removed = std::move(rest.front());
+    std::move(rest.begin() + 1, rest.end(), rest.begin());
+    storage.truncate(storage.count - 1);
 }
 
 void Array::removeAll() {
-    const auto removed = std::exchange(mutableStorage().items, {});
+    const auto removed = mutableStorage().takeAll();
 }
 
 void Array::reserve(std::size_t count) {
-    mutableStorage().items.reserve(count);
+    mutableStorage().reserve(count);
 }
 
 bool Array::isMutable() const noexcept {
@@ -102,17 +118,11 @@ bool Array::identical(const Array& other) const noexcept {
 }
 
 Array Array::copy() const {
-    if (!isMutable())
-        return *this;
-    Array result(new Storage(Mutability::Immutable));
-    result.storage_->items = storage_->items;
-    return result;
+    return isMutable() ? Array(Storage::copyOf(*storage_, Mutability::Immutable)) : *this;
 }
 
 Array Array::mutableCopy() const {
-    Array result;
-    result.storage_->items = storage_->items;
-    return result;
+    return Array(Storage::copyOf(*storage_, Mutability::Mutable));
 }
 
 Array::Storage& Array::mutableStorage() const {

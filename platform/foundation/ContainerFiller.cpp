@@ -1,20 +1,18 @@
 #include "platform/foundation/ContainerFiller.h"
 
-#include <memory>
-
 namespace zn {
 
 Array ContainerFiller::array(Mutability form) {
-    return Array(new Array::Storage(form));
+    return Array(Array::Storage::create(form));
 }
 
 Dictionary ContainerFiller::dictionary(Mutability form) {
-    return Dictionary(Dictionary::Storage::create(form, 0));
+    return Dictionary(Dictionary::Storage::create(form));
 }
 
 Dictionary ContainerFiller::immutableDictionary(const KeyTable& keys, std::span<Value> values) {
     auto* storage = Dictionary::Storage::create(Mutability::Immutable, values.size());
-    std::uninitialized_move(values.begin(), values.end(), storage->values);
+    storage->appendMoved(values);
     storage->keys = keys;
     storage->present = values.size();
     return Dictionary(storage);
@@ -22,7 +20,7 @@ Dictionary ContainerFiller::immutableDictionary(const KeyTable& keys, std::span<
 
 void ContainerFiller::add(const Array& array, Value item) {
     requirePresent(item);
-    array.storage_->items.push_back(std::move(item));
+    array.storage_->append(std::move(item));
 }
 
 void ContainerFiller::set(const Dictionary& dictionary, std::string_view key, Value value) {
@@ -30,18 +28,18 @@ void ContainerFiller::set(const Dictionary& dictionary, std::string_view key, Va
     auto& storage = *dictionary.storage_;
     const std::size_t slot = storage.keys.find(key);
     if (slot == KeyTable::notFound)
-        storage.append(key, std::move(value));
+        storage.add(key, std::move(value));
     else
         storage.values[slot] = std::move(value);
 }
 
 void ContainerFiller::clear(const Value& container) {
     if (container.isArray()) {
-        const auto items = std::exchange(container.array().storage_->items, {});
+        const auto items = container.array().storage_->takeAll();
         return;
     }
     auto& storage = *container.dictionary().storage_;
-    for (std::size_t slot = 0; slot < storage.slots(); ++slot)
+    for (std::size_t slot = 0; slot < storage.count; ++slot)
         const Value value = std::exchange(storage.values[slot], {});
     storage.present = 0;
 }

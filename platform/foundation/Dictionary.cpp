@@ -1,69 +1,47 @@
 #include <algorithm>
-#include <memory>
-#include <new>
 
 #include "platform/foundation/ValueBlocks.h"
 #include "zarnic/platform/NSException.h"
 
 namespace zn {
 
-Dictionary::Storage* Dictionary::Storage::create(Mutability form, std::size_t capacity) {
-    void* memory = ::operator new(sizeof(Storage) + capacity * sizeof(Value));
-    return ::new (memory) Storage(form, capacity);
+Dictionary::Storage* Dictionary::Storage::create(Mutability form, std::size_t capacity,
+                                                 ValuePool* pool) {
+    return ValuePool::create<Storage>(pool, capacity * sizeof(Value), form, capacity);
 }
 
 Dictionary::Storage* Dictionary::Storage::copyOf(const Storage& original, Mutability form) {
-    auto* copy = create(form, original.slots());
-    std::uninitialized_copy_n(original.values, original.slots(), copy->values);
+    auto* copy = create(form, original.count);
+    copy->appendCopies(original.all());
     copy->keys = original.keys;
     copy->present = original.present;
     return copy;
 }
 
-Dictionary::Storage::~Storage() {
-    freeValues();
-}
-
-void Dictionary::Storage::freeValues() noexcept {
-    std::destroy_n(values, slots());
-    if (values != room())
-        ::operator delete(values);
-}
-
-void Dictionary::Storage::grow() {
-    const std::size_t wanted = std::max<std::size_t>(4, capacity * 2);
-    auto* larger = static_cast<Value*>(::operator new(wanted * sizeof(Value)));
-    std::uninitialized_move_n(values, slots(), larger);
-    freeValues();
-    values = larger;
-    capacity = wanted;
-}
-
-void Dictionary::Storage::append(std::string_view key, Value value) {
-    const std::size_t slot = slots();
-    if (slot == capacity)
-        grow();
+void Dictionary::Storage::add(std::string_view key, Value value) {
+    if (count == capacity)
+        reserve(std::max<std::size_t>(4, capacity * 2));
     keys.add(key);
-    ::new (values + slot) Value(std::move(value));
+    append(std::move(value));
     ++present;
 }
 
 void Dictionary::Storage::removeHoles() {
-    if (present == slots())
+    if (present == count)
         return;
     KeyTable kept;
-    for (std::size_t slot = 0; slot < slots(); ++slot) {
+    for (std::size_t slot = 0; slot < count; ++slot) {
         if (values[slot].absent())
             continue;
         const std::size_t place = kept.add(keys[slot]);
         if (place != slot)
             values[place] = std::move(values[slot]);
     }
-    std::destroy_n(values + kept.count(), slots() - kept.count());
+    truncate(kept.count());
     keys = std::move(kept);
 }
 
-Dictionary::Dictionary() : storage_(Storage::create(Mutability::Mutable, 0)) {}
+Dictionary::Dictionary() : storage_(Storage::create(Mutability::Mutable)) {}
 
 Dictionary::Dictionary(std::initializer_list<std::pair<std::string_view, Value>> entries)
     : Dictionary(Storage::create(Mutability::Mutable, entries.size())) {
@@ -77,7 +55,7 @@ Dictionary::Dictionary(const KeyTable& keys, std::span<Value> values)
         throw NSException(NSInvalidArgumentException, "as many values as keys are needed");
     for (auto& value : values)
         storage_->present += value.absent() ? 0 : 1;
-    std::uninitialized_move_n(values.begin(), values.size(), storage_->values);
+    storage_->appendMoved(values);
     storage_->keys = keys;
 }
 
@@ -112,7 +90,7 @@ Dictionary::Entry Dictionary::entry(std::size_t index) const {
         throw NSException(NSRangeException, "index " + std::to_string(index) +
                                                 " is beyond a dictionary of " +
                                                 std::to_string(count()));
-    if (count() == storage_->slots())
+    if (count() == storage_->count)
         return {storage_->keys[index], storage_->values[index]};
     auto found = begin();
     std::advance(found, static_cast<std::ptrdiff_t>(index));
@@ -124,7 +102,7 @@ Dictionary::Iterator Dictionary::begin() const noexcept {
 }
 
 Dictionary::Iterator Dictionary::end() const noexcept {
-    return {storage_, storage_->slots()};
+    return {storage_, storage_->count};
 }
 
 std::vector<std::string> Dictionary::allKeys() const {
@@ -140,7 +118,7 @@ void Dictionary::set(std::string_view key, Value value) {
     auto& storage = mutableStorage();
     const std::size_t slot = storage.keys.find(key);
     if (slot == KeyTable::notFound) {
-        storage.append(key, std::move(value));
+        storage.add(key, std::move(value));
     } else if (!storage.values[slot].absent()) {
         // The old value dies with the argument, when the dictionary is whole again.
         std::swap(storage.values[slot], value);
@@ -148,7 +126,7 @@ void Dictionary::set(std::string_view key, Value value) {
         // The key may be a view into the table that goes.
         const std::string newKey(key);
         storage.removeHoles();
-        storage.append(newKey, std::move(value));
+        storage.add(newKey, std::move(value));
     }
 }
 
@@ -160,15 +138,13 @@ void Dictionary::remove(std::string_view key) {
     const Value removed = std::move(storage.values[slot]);
     --storage.present;
     // Seldom enough that removing all the keys one by one stays linear.
-    if (storage.present * 2 <= storage.slots())
+    if (storage.present * 2 <= storage.count)
         storage.removeHoles();
 }
 
 void Dictionary::removeAll() {
     auto& storage = mutableStorage();
-    const std::vector<Value> removed(std::make_move_iterator(storage.values),
-                                     std::make_move_iterator(storage.values + storage.slots()));
-    std::destroy_n(storage.values, storage.slots());
+    const auto removed = storage.takeAll();
     storage.keys = {};
     storage.present = 0;
 }
@@ -210,7 +186,7 @@ Dictionary::Iterator& Dictionary::Iterator::operator++() noexcept {
 }
 
 void Dictionary::Iterator::skipHoles() noexcept {
-    while (slot_ < storage_->slots() && storage_->values[slot_].absent())
+    while (slot_ < storage_->count && storage_->values[slot_].absent())
         ++slot_;
 }
 

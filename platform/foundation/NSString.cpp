@@ -25,11 +25,7 @@ std::string mapped(std::string_view text, CaseMapping mapping) {
 }  // namespace
 
 bool isValidUTF8(std::string_view text) noexcept {
-    for (std::size_t position = 0; position < text.size();) {
-        if (nextCharacter(text, position) == invalidCharacter)
-            return false;
-    }
-    return true;
+    return validLength(text) == text.size();
 }
 
 std::size_t utf16Length(std::string_view text) noexcept {

@@ -1,7 +1,5 @@
 #include "zarnic/platform/Value.h"
 
-#include <new>
-
 #include "platform/foundation/ValueBlocks.h"
 #include "zarnic/platform/NSException.h"
 
@@ -9,16 +7,15 @@ namespace zn {
 
 /// A text or data too long for the value itself; the bytes follow the head.
 struct Value::Bytes final : detail::Counted {
-    static Bytes* create(std::string_view bytes) {
-        void* memory = ::operator new(sizeof(Bytes) + bytes.size());
-        auto* block = new (memory) Bytes;
-        block->size = bytes.size();
-        std::memcpy(static_cast<void*>(block + 1), bytes.data(), bytes.size());
-        return block;
+    explicit Bytes(std::string_view bytes) : size(bytes.size()) {
+        std::memcpy(static_cast<void*>(this + 1), bytes.data(), bytes.size());
+    }
+    static Bytes* create(std::string_view bytes, ValuePool* pool = nullptr) {
+        return ValuePool::create<Bytes>(pool, bytes.size(), bytes);
     }
     std::string_view view() const { return {reinterpret_cast<const char*>(this + 1), size}; }
 
-    std::size_t size = 0;
+    std::size_t size;
 };
 
 struct Value::Object final : detail::Counted {
@@ -113,7 +110,15 @@ void Value::release() noexcept {
     else if (isObject())
         delete static_cast<Object*>(block);
     else
-        ::operator delete(static_cast<Bytes*>(block));
+        ValuePool::free(block);
+}
+
+Value ValueBlocks::text(std::string_view text, ValuePool& pool) {
+    if (text.size() <= Value::inlineCapacity)
+        return text;
+    Value result;
+    result.setBlock(Value::Kind::String, Value::Bytes::create(text, &pool));
+    return result;
 }
 
 std::string_view Value::string() const noexcept {

@@ -1,21 +1,46 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
+#include "platform/foundation/ValuePool.h"
 #include "zarnic/platform/Value.h"
 
 namespace zn {
 
 enum class Mutability : bool { Immutable, Mutable };
 
-/// The head of array and dictionary blocks.
+/// What array and dictionary blocks share: a list of values, first in the room that follows the
+/// block, then in memory of its own.
 struct Container : detail::Counted {
-    explicit Container(Mutability form) : mutability(form) {}
-    virtual ~Container() = default;
+    enum class Type : std::uint8_t { Array, Dictionary };
 
-    const Mutability mutability;
+    Container(Type kind, Mutability form, Value* room, std::size_t roomCount)
+        : values(room), capacity(roomCount), mutability(form), type(kind) {}
+    ~Container() { freeValues(); }
+    Container(const Container&) = delete;
+    Container& operator=(const Container&) = delete;
+
+    std::span<Value> all() const noexcept { return {values, count}; }
+    void append(Value value);
+    void appendCopies(std::span<const Value> originals);
+    void appendMoved(std::span<Value> originals) noexcept;
+    void reserve(std::size_t wanted);
+    /// Empties the list; the values die with the result, when the list is whole again.
+    std::vector<Value> takeAll();
+    void truncate(std::size_t newCount) noexcept;
+
     Container* nextDead = nullptr;
+    Value* values;
+    std::size_t count = 0;
+    std::size_t capacity;
+    const Mutability mutability;
+    const Type type;
+
+private:
+    void freeValues() noexcept;
+    bool ownsValues_ = false;
 };
 
 /// Gives back one reference. Chains of containers of any depth are destroyed in bounded stack.
@@ -28,34 +53,36 @@ void requireMutable(const Container& container);
 void requirePresent(const Value& value);
 
 struct Array::Storage final : Container {
-    using Container::Container;
-
-    std::vector<Value> items;
+    Storage(Mutability form, std::size_t room)
+        : Container(Type::Array, form, reinterpret_cast<Value*>(this + 1), room) {}
+    static Storage* create(Mutability form, std::size_t capacity = 0, ValuePool* pool = nullptr);
+    static Storage* copyOf(const Storage& original, Mutability form);
 };
 
 /// The values stand in the order of the keys; a key whose value is absent (a hole) is not in the
-/// dictionary. Room for the first values follows the block itself.
+/// dictionary.
 struct Dictionary::Storage final : Container {
-    static Storage* create(Mutability form, std::size_t capacity);
+    Storage(Mutability form, std::size_t room)
+        : Container(Type::Dictionary, form, reinterpret_cast<Value*>(this + 1), room) {}
+    static Storage* create(Mutability form, std::size_t capacity = 0, ValuePool* pool = nullptr);
     static Storage* copyOf(const Storage& original, Mutability form);
-    ~Storage() override;
-    static void operator delete(void* block) { ::operator delete(block); }
 
-    void append(std::string_view key, Value value);
+    void add(std::string_view key, Value value);
     void removeHoles();
-    std::size_t slots() const noexcept { return keys.count(); }
-    Value* room() noexcept { return reinterpret_cast<Value*>(this + 1); }
 
     KeyTable keys;
-    Value* values;
-    std::size_t capacity;
     std::size_t present = 0;
+};
 
-private:
-    Storage(Mutability form, std::size_t room)
-        : Container(form), values(this->room()), capacity(room) {}
-    void grow();
-    void freeValues() noexcept;
+/// What the library itself may do with blocks.
+struct ValueBlocks {
+    static Value text(std::string_view text, ValuePool& pool);
+    /// The items are moved from.
+    static Value array(std::span<Value> items, Mutability form, ValuePool& pool);
+    /// The values are moved from; they are as many as the keys, and all present.
+    static Value dictionary(const KeyTable& keys, std::span<Value> values, Mutability form,
+                            ValuePool& pool);
+    static void destroy(Container* container) noexcept;
 };
 
 }  // namespace zn

@@ -10,7 +10,7 @@ import sources
 # What an include from outside begins with, and the folders that may see it (docs/dependencies.md).
 THIRD_PARTY = [
     (r"unicode/", ["platform/foundation"]),
-    (r"simdjson", ["platform/foundation"]),
+    (r"(simdjson|rapidjson/|nlohmann/)", []),
     (r"plist/", ["platform/foundation"]),
     (r"(cairo|pango|hb|harfbuzz/|ft2build|freetype|fontconfig/|glib)", ["platform/drawing"]),
     (r"(jpeglib|turbojpeg|spng|png|webp/|qrencode)", ["platform/drawing"]),

@@ -14,8 +14,9 @@ inline constexpr const char* NSCocoaErrorDomain = "NSCocoaErrorDomain";
 /// The domain of `errno` values.
 inline constexpr const char* NSPOSIXErrorDomain = "NSPOSIXErrorDomain";
 
-/// The code, in `NSCocoaErrorDomain`, of JSON and property lists that cannot be read.
+/// The codes, in `NSCocoaErrorDomain`, of JSON and property lists that cannot be read or written.
 inline constexpr std::int64_t NSPropertyListReadCorruptError = 3840;
+inline constexpr std::int64_t NSPropertyListWriteInvalidError = 3852;
 
 /// Keys of an error's user information: a sentence for the user, one for the developer, and the
 /// error beneath this one.

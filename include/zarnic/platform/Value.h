@@ -20,16 +20,22 @@ namespace zn {
 class Array;
 class ContainerFiller;
 class Dictionary;
+struct ValueBlocks;
 
 namespace detail {
 /// The head of every block that values share. Counting is atomic; what the block holds is not
 /// guarded.
 struct Counted {
     std::atomic<std::uint32_t> references{1};
+    /// Where the block lies in a piece of memory that others lie in, too; 0 when it has its own.
+    std::uint32_t offset = 0;
 
     void retain() noexcept { references.fetch_add(1, std::memory_order_relaxed); }
-    /// Whether this was the last reference.
-    bool release() noexcept { return references.fetch_sub(1, std::memory_order_acq_rel) == 1; }
+    /// Whether this was the last reference. Nobody but the holder of the only one could add
+    /// another, so that one needs no locked instruction.
+    bool release() noexcept {
+        return unique() || references.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    }
     bool unique() const noexcept { return references.load(std::memory_order_acquire) == 1; }
 };
 }  // namespace detail
@@ -160,6 +166,7 @@ private:
     Value(ObjectTag, Ref<const NSObject> object);
     friend class Array;
     friend class Dictionary;
+    friend struct ValueBlocks;
 
     /// The `length_` of a value whose payload is a counted block.
     static constexpr std::uint8_t sharedLength = 0xFF;
@@ -239,6 +246,7 @@ public:
 private:
     friend class ContainerFiller;
     friend class Value;
+    friend struct ValueBlocks;
     struct Storage;
     explicit Array(Storage* storage) noexcept;
     Storage& mutableStorage() const;
@@ -314,6 +322,7 @@ public:
 private:
     friend class ContainerFiller;
     friend class Value;
+    friend struct ValueBlocks;
     struct Storage;
     explicit Dictionary(Storage* storage) noexcept;
     Storage& mutableStorage() const;
