@@ -3,6 +3,8 @@
 find_package(benchmark REQUIRED)
 find_package(Qt6 REQUIRED COMPONENTS Core Gui Sql Widgets)
 find_package(SQLiteCpp REQUIRED)
+# The other peers of JSON are headers only.
+find_package(simdjson REQUIRED)
 file(GLOB bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*.cpp)
 add_executable(zarnic-bench ${bench_sources})
 # Qt's peers may have meta-objects.
@@ -29,6 +31,7 @@ target_link_libraries(zarnic-bench PRIVATE
     PkgConfig::SQLITE
     PkgConfig::ZXING
     SQLiteCpp
+    simdjson::simdjson
     ${ZINT_LIBRARY})
 target_link_libraries(zarnic-start PRIVATE zarnic)
 target_link_libraries(zarnic-fonts PRIVATE zarnic)

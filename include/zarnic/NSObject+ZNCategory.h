@@ -97,4 +97,15 @@ Ref<T> ZN_DictionaryToObject(const Value& dictionary) {
 /// dictionary.
 ZN_EXPORT Value ZN_GetLowcaseKeyDictionary(const Value& dictionary);
 
+/// The receiver, an array or a dictionary, as pretty-printed UTF-8 JSON. Absent for an absent
+/// receiver, and, with a line in the log, when a text is not UTF-8. Throws
+/// `NSInvalidArgumentException` for what JSON cannot hold (see `NSJSONSerialization`).
+ZN_EXPORT Value zn_convertToJsonData(const Value& receiver);
+/// That text without its spaces and line breaks, those within texts included: `{"k":"a b"}` becomes
+/// `{"k":"ab"}`.
+ZN_EXPORT std::optional<std::string> zn_convertToJsonString(const Value& receiver);
+/// The array or dictionary of a JSON text, mutable at every depth. Absent for an empty text, and,
+/// with a line in the log, for one that cannot be read.
+ZN_EXPORT Value ZN_ConvertToObject(std::string_view json);
+
 }  // namespace zn
