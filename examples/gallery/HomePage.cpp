@@ -11,8 +11,8 @@
 #include "NavigationPage.h"
 #include "RowList.h"
 #include "ScrollingPage.h"
-#include "TextPage.h"
 #include "ServicesPage.h"
+#include "TextPage.h"
 #include "ToastPage.h"
 
 using namespace zn;

@@ -14,8 +14,8 @@
 #include "LanguagePage.h"
 #include "NavigationPage.h"
 #include "ScrollingPage.h"
-#include "TextPage.h"
 #include "ServicesPage.h"
+#include "TextPage.h"
 #include "ToastPage.h"
 
 using namespace zn;
@@ -144,7 +144,8 @@ Page text(const std::string& name, std::string summary, void (TextPage::*act)(),
 Page language(const std::string& localization, std::string summary) {
     const auto chosen = std::make_shared<std::string>();
     const auto pose = [localization, chosen](const Ref<PageController>& page) {
-        const auto languages = ZNLanguageHelper::AppLanguage().value_or(ZNLanguageHelper::LanguageTable());
+        const auto languages =
+            ZNLanguageHelper::AppLanguage().value_or(ZNLanguageHelper::LanguageTable());
         const auto found = languages.find(ZNLanguageHelper::LanguageCode());
         *chosen = found == languages.end() || found->first < 0 ? "" : found->second;
         as<LanguagePage>(page)->choose(localization);
