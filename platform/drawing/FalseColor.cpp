@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <bitset>
 
 #include "platform/drawing/PixelFormat.h"
 
@@ -17,24 +17,37 @@ std::array<double, 4> premultipliedParts(const CGColor& color) {
     return {alpha, unit(color.red) * alpha, unit(color.green) * alpha, unit(color.blue) * alpha};
 }
 
-/// What each brightness becomes.
-using Mixtures = std::array<std::uint32_t, 256>;
+/// What each brightness becomes; worked out when it is first met, for most pictures have few.
+class Mixtures {
+public:
+    Mixtures(const CGColor& dark, const CGColor& light)
+        : dark_(premultipliedParts(dark)), light_(premultipliedParts(light)) {}
 
-Mixtures mixturesOf(const CGColor& dark, const CGColor& light) {
-    const auto from = premultipliedParts(dark), to = premultipliedParts(light);
-    Mixtures mixtures{};
-    for (std::size_t brightness = 0; brightness < mixtures.size(); ++brightness) {
-        const double part = static_cast<double>(brightness) / 255;
-        for (std::size_t i = 0; i < from.size(); ++i) {
-            const double value = from[i] * (1 - part) + to[i] * part;
-            mixtures[brightness] =
-                mixtures[brightness] << 8 | static_cast<std::uint32_t>(value * 255 + 0.5);
+    std::uint32_t operator[](std::uint32_t brightness) {
+        if (!known_[brightness]) {
+            known_[brightness] = true;
+            mixtures_[brightness] = mixture(brightness / 255.0);
         }
+        return mixtures_[brightness];
     }
-    return mixtures;
-}
 
-std::uint32_t mixtureFor(std::uint32_t pixel, const Mixtures& mixtures) {
+private:
+    std::uint32_t mixture(double part) const {
+        std::uint32_t result = 0;
+        for (std::size_t i = 0; i < dark_.size(); ++i) {
+            const double value = dark_[i] * (1 - part) + light_[i] * part;
+            result = result << 8 | static_cast<std::uint32_t>(value * 255 + 0.5);
+        }
+        return result;
+    }
+
+    std::array<double, 4> dark_;
+    std::array<double, 4> light_;
+    std::bitset<256> known_;
+    std::array<std::uint32_t, 256> mixtures_{};
+};
+
+std::uint32_t mixtureFor(std::uint32_t pixel, Mixtures& mixtures) {
     const std::uint32_t alpha = pixel >> 24;
     if (alpha == 0xFF)
         return mixtures[luma(pixel)];
@@ -48,7 +61,7 @@ std::uint32_t mixtureFor(std::uint32_t pixel, const Mixtures& mixtures) {
 }  // namespace
 
 Ref<CGImage> falseColored(const CGImage& image, const CGColor& dark, const CGColor& light) {
-    const Mixtures mixtures = mixturesOf(dark, light);
+    Mixtures mixtures(dark, light);
     auto pixels = std::make_unique_for_overwrite<std::uint32_t[]>(image.pixels().size());
     std::ranges::transform(image.pixels(), pixels.get(),
                            [&](std::uint32_t pixel) { return mixtureFor(pixel, mixtures); });

@@ -21,30 +21,52 @@ std::vector<std::size_t> nearestSamples(int first, int end, double origin, doubl
     return indices;
 }
 
+namespace {
+
+/// Where each row or column of an image begins in so many pixels, and where the last one ends.
+std::vector<std::size_t> edges(double length, std::size_t count) {
+    const double scale = std::ceil(length) / static_cast<double>(count);
+    const auto samples = nearestSamples(0, static_cast<int>(std::ceil(length)), 0.0, scale, count);
+    std::vector<std::size_t> result(count + 1, samples.size());
+    for (std::size_t pixel = samples.size(); pixel > 0; --pixel)
+        result[samples[pixel - 1]] = pixel - 1;
+    // What no pixel shows begins where the next one does.
+    for (std::size_t index = count; index > 0; --index)
+        result[index - 1] = std::min(result[index - 1], result[index]);
+    return result;
+}
+
+/// A row of the image, each pixel as wide as its edges say.
+void fillRow(std::uint32_t* to, std::span<const std::uint32_t> from,
+             const std::vector<std::size_t>& columns) {
+    for (std::size_t first = 0, end = 0; first < from.size(); first = end) {
+        while (end < from.size() && from[end] == from[first])
+            ++end;
+        std::fill(to + columns[first], to + columns[end], from[first]);
+    }
+}
+
+}  // namespace
+
 Ref<CGImage> stretchedSharply(const CGImage& image, double width, double height) {
     constexpr auto longestSide = static_cast<double>(longestSurfaceSide);
     if (!(width > 0 && height > 0 && width <= longestSide && height <= longestSide))
         return nullptr;
-    const auto samples = [](double length, std::size_t count) {
-        const double scale = std::ceil(length) / static_cast<double>(count);
-        return nearestSamples(0, static_cast<int>(std::ceil(length)), 0, scale, count);
-    };
-    const auto columns = samples(width, image.width());
-    const auto rows = samples(height, image.height());
-    std::unique_ptr<std::uint32_t[]> pixels(new (std::nothrow)
-                                                std::uint32_t[columns.size() * rows.size()]);
+    const auto columns = edges(width, image.width());
+    const auto rows = edges(height, image.height());
+    const std::size_t length = columns.back();
+    std::unique_ptr<std::uint32_t[]> pixels(new (std::nothrow) std::uint32_t[length * rows.back()]);
     if (!pixels)
         return nullptr;
-    for (std::size_t y = 0; y < rows.size(); ++y) {
-        std::uint32_t* to = pixels.get() + y * columns.size();
-        const std::uint32_t* from = image.pixels().data() + rows[y] * image.width();
-        if (y > 0 && rows[y] == rows[y - 1])
-            std::copy_n(to - columns.size(), columns.size(), to);
-        else
-            std::ranges::transform(columns, to,
-                                   [from](std::size_t column) { return from[column]; });
+    for (std::size_t row = 0; row < image.height(); ++row) {
+        if (rows[row] == rows[row + 1])
+            continue;
+        std::uint32_t* const first = pixels.get() + rows[row] * length;
+        fillRow(first, image.pixels().subspan(row * image.width(), image.width()), columns);
+        for (std::size_t y = rows[row] + 1; y < rows[row + 1]; ++y)
+            std::copy_n(first, length, pixels.get() + y * length);
     }
-    return make<CGImage>(columns.size(), rows.size(), std::move(pixels));
+    return make<CGImage>(length, rows.back(), std::move(pixels));
 }
 
 }  // namespace zn
