@@ -105,13 +105,19 @@ void addThirdRow(std::vector<KeyboardKey>& keys, KeyboardPage page, std::string_
 }
 
 void addLastRow(std::vector<KeyboardKey>& keys, KeyboardPage page, double width, double keyWidth,
-                UIReturnKeyType returnKey) {
+                UIKeyboardType type, UIReturnKeyType returnKey) {
     const double left = side + gap / 2;
     const double corner = 2.5 * keyWidth;
     const bool letters = page == KeyboardPage::Letters;
     RowMaker maker(keys, rowCount - 1, left);
     maker.add(letters ? Kind::Symbols : Kind::Letters, letters ? "123" : "ABC", corner);
-    maker.add(Kind::Space, "space", width - 2 * (left + corner + gap));
+    const bool address = type == UIKeyboardType::EmailAddress;
+    const double signs = address ? 2 * (keyWidth + gap) : 0;
+    maker.add(Kind::Space, "space", width - 2 * (left + corner + gap) - signs);
+    if (address) {
+        maker.add(Kind::Text, "@", keyWidth);
+        maker.add(Kind::Text, ".", keyWidth);
+    }
     maker.add(Kind::Return, returnLabel(returnKey), corner);
 }
 
@@ -138,17 +144,17 @@ double keyboardHeight() {
     return topGap + rowCount * rowHeight - gap;
 }
 
-std::vector<KeyboardKey> keyboardKeys(KeyboardPage page, double width, UIReturnKeyType returnKey,
-                                      bool decimal) {
+std::vector<KeyboardKey> keyboardKeys(KeyboardPage page, double width, UIKeyboardType type,
+                                      UIReturnKeyType returnKey) {
     if (page == KeyboardPage::Digits)
-        return digitKeys(width, decimal);
+        return digitKeys(width, type == UIKeyboardType::DecimalPad);
     const double keyWidth = (width - 2 * side) / columns - gap;
     const auto& texts = rows[static_cast<std::size_t>(page)];
     std::vector<KeyboardKey> keys;
     addTextRow(keys, 0, texts[0], width, keyWidth);
     addTextRow(keys, 1, texts[1], width, keyWidth);
     addThirdRow(keys, page, texts[2], width, keyWidth);
-    addLastRow(keys, page, width, keyWidth, returnKey);
+    addLastRow(keys, page, width, keyWidth, type, returnKey);
     return keys;
 }
 

@@ -22,7 +22,7 @@ struct KeyboardKey {
 /// How high a page of keys is, in points.
 double keyboardHeight();
 /// The keys of a page, as wide as asked, in points from its upper left corner.
-std::vector<KeyboardKey> keyboardKeys(KeyboardPage page, double width, UIReturnKeyType returnKey,
-                                      bool decimal);
+std::vector<KeyboardKey> keyboardKeys(KeyboardPage page, double width, UIKeyboardType type,
+                                      UIReturnKeyType returnKey);
 
 }  // namespace zn

@@ -51,8 +51,7 @@ void KeyboardView::show(KeyboardPage page) {
     for (const Ref<KeyButton>& key : keys_)
         key->removeFromSuperview();
     keys_.clear();
-    const bool decimal = type_ == UIKeyboardType::DecimalPad;
-    for (const KeyboardKey& key : keyboardKeys(page, bounds().width(), returnKey_, decimal))
+    for (const KeyboardKey& key : keyboardKeys(page, bounds().width(), type_, returnKey_))
         addKey(key);
     setShift(KeyButton::Shift::Off);
 }

@@ -37,6 +37,7 @@ bool UITextField::becomeFirstResponder() {
 void UITextField::beginEditing() {
     const Ref<UITextField> self = ref(this);
     input().editing = true;
+    truncate(clip_->bounds().width());
     if (clearsOnBegin_)
         setText({});
     setNeedsLayout();

@@ -124,7 +124,7 @@ Rect UITextField::placeholderRectForBounds(const Rect& bounds) const {
 }
 
 Size UITextField::sizeThatFits(Size) const {
-    double width = input().flow.size().width + caretWidth;
+    double width = sizeWithFont(input().shownText(), font_).width + caretWidth;
     if (placeholderLabel_ && !hasText())
         width = placeholderLabel_->sizeThatFits({}).width;
     const Rect bounds = this->bounds();
@@ -177,7 +177,16 @@ void UITextField::layoutSubviews() {
     placeClearButton();
     placePlaceholder();
     clip_->setFrame(isEditing() ? editingRectForBounds(bounds) : textRectForBounds(bounds));
+    truncate(clip_->bounds().width());
     placeText();
+}
+
+void UITextField::truncate(double room) {
+    if (input().width > 0)
+        input().setStyle({font_, NSTextAlignment::Left, NSLineBreakMode::WordWrapping, 0}, 0);
+    const bool tooLong = input().flow.size().width + caretWidth > room;
+    if (tooLong && room > 0 && !isEditing() && !secureTextEntry())
+        input().setStyle({font_, NSTextAlignment::Left, NSLineBreakMode::TruncatingTail, 1}, room);
 }
 
 void UITextField::placeText() {

@@ -10,8 +10,14 @@ namespace zn {
 namespace {
 
 constexpr double caretWidth = 2;
-/// Narrower, nothing can be read, and each letter is a line.
+/// In less room nothing can be read: the lines stay whole.
 constexpr double leastWidth = 1;
+
+/// The width that lines wrap at; 0 for any.
+double wrapWidth(double width, const EdgeInsets& insets, double padding) {
+    const double room = width - insets.left - insets.right - 2 * padding;
+    return room >= leastWidth ? room : 0;
+}
 
 }  // namespace
 
@@ -34,8 +40,7 @@ Ref<UITextViewDelegate> UITextView::textViewDelegate() const {
 }
 
 double UITextView::textWidth() const {
-    const double around = textInsets_.left + textInsets_.right + 2 * padding_;
-    return std::max(bounds().width() - around, leastWidth);
+    return wrapWidth(bounds().width(), textInsets_, padding_);
 }
 
 void UITextView::restyle() {
@@ -95,12 +100,12 @@ bool UITextView::isEditing() const {
 }
 
 Size UITextView::sizeThatFits(Size size) const {
-    TextStyle style = input().style;
-    style.alignment = alignment_;
-    const double around = textInsets_.left + textInsets_.right + 2 * padding_;
     TextFlow flow;
-    flow.setStyle(style, std::max(size.width - around, leastWidth), input().editor.text());
-    return {size.width, flow.size().height + textInsets_.top + textInsets_.bottom};
+    flow.setStyle(input().style, wrapWidth(size.width, textInsets_, padding_),
+                  input().editor.text());
+    const double around = textInsets_.left + textInsets_.right + 2 * padding_;
+    return {size.width > 0 ? size.width : flow.size().width + around,
+            flow.size().height + textInsets_.top + textInsets_.bottom};
 }
 
 void UITextView::setBounds(const Rect& bounds) {

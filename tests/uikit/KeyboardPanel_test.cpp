@@ -136,6 +136,12 @@ TEST_F(KeyboardPanelTest, ShowsTheKeysThatAnInputWants) {
     EXPECT_EQ(key("q"), nullptr);
     tapKeys({"4", ".", "2"});
     EXPECT_EQ(number->text(), "4.2");
+    const auto address = added<UITextField>(Rect(20, 250, 200, 34));
+    address->setKeyboardType(UIKeyboardType::EmailAddress);
+    address->becomeFirstResponder();
+    stage.advance(0.5);
+    tapKeys({"a", "@", "b", "."});
+    EXPECT_EQ(address->text(), "a@b.");
 }
 
 TEST_F(KeyboardPanelTest, InputAndAccessoryViewsAreShownWithoutAKeyboardToo) {

@@ -310,8 +310,15 @@ TEST_F(UITextFieldTest, ALongTextScrollsToItsCaretAndBack) {
     stage.pressKey(Usage::Home);
     EXPECT_TRUE(inside(0));
     stage.pressKey(Usage::End);
+    const double whole = field->sizeThatFits({}).width;
     field->resignFirstResponder();
     EXPECT_TRUE(inside(0));
+    // It ends in an ellipsis now, and is whole again when a touch begins to edit it.
+    EXPECT_TRUE(inside(field->text().size()));
+    EXPECT_EQ(field->sizeThatFits({}).width, whole);
+    stage.tap(placeOf(field, 3));
+    EXPECT_EQ(field->selectedRange().location, 3u);
+    EXPECT_FALSE(inside(field->text().size()));
 }
 
 TEST_F(UITextFieldTest, AlignsAndMakesRoomForWhatStandsBeside) {

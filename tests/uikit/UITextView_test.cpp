@@ -26,6 +26,9 @@ TEST_F(UITextViewTest, TextBeginsAtItsInsetAndWraps) {
     view->setTextContainerInset({0, 10, 0, 0});
     EXPECT_EQ(view->caretRectForPosition(0).origin, (Point{15, 0}));
     EXPECT_NEAR(view->sizeThatFits({400, 0}).height, line(), 0.01);
+    // Without a width the lines are whole.
+    EXPECT_GT(view->sizeThatFits({}).width, 200);
+    EXPECT_NEAR(make<UITextView>()->sizeThatFits({}).height, line() + 16, 0.01);
 }
 
 TEST_F(UITextViewTest, EverythingIsToldOnceAndInOrder) {

@@ -52,7 +52,8 @@ public:
 };
 
 /// A line of text that the user edits: black, system font of 17 points, no border, unless set
-/// otherwise. A touch makes it the first responder and its window key. Main thread only.
+/// otherwise. One that is too long ends in an ellipsis until it is edited. A touch makes it the
+/// first responder and its window key. Main thread only.
 class ZN_EXPORT UITextField : public UIControl, public UITextInput {
     ZN_OBJECT(UITextField, UIControl)
 public:
@@ -145,6 +146,8 @@ private:
     void placeSideView(const Ref<UIView>& view, UITextFieldViewMode mode, const Rect& frame);
     void placeClearButton();
     void placePlaceholder();
+    /// While it is not edited, a text that is too long ends in an ellipsis.
+    void truncate(double room);
     /// Aligns a text that fits, and scrolls a longer one to its caret.
     void placeText();
     void clearTapped();

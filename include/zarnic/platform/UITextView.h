@@ -76,7 +76,7 @@ public:
     bool isEditing() const;
     void scrollRangeToVisible(NSRange range);
 
-    /// The text in lines of the width, and the room around it.
+    /// The text in lines of the width, whole ones for no width, and the room around it.
     Size sizeThatFits(Size size) const override;
     void setBounds(const Rect& bounds) override;
     void setFrame(const Rect& frame) override;
