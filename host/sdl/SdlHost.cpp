@@ -8,7 +8,6 @@
 #include "zarnic/platform/Clock.h"
 #include "zarnic/platform/NSRunLoop.h"
 #include "zarnic/platform/ScreenDriver.h"
-#include "zarnic/platform/Services.h"
 
 namespace zn {
 namespace {
@@ -68,7 +67,7 @@ std::unique_ptr<SdlHost> SdlHost::open(const std::string& title, const DevicePro
     auto window = SdlWindow::open(title, device, problem);
     if (!window)
         return nullptr;
-    Services::replace<Clipboard>(make<SdlClipboard>());
+    SdlClipboard::install();
     return std::unique_ptr<SdlHost>(
         new SdlHost(std::make_unique<State>(std::move(window), device)));
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "zarnic/platform/Services.h"
 #include "zarnic/platform/UIApplication.h"
 
 namespace zn {
@@ -103,6 +104,13 @@ void SdlTextSession::update() {
         static_cast<int>(caret.minX() * across), static_cast<int>(caret.minY() * down),
         static_cast<int>(caret.width() * across), static_cast<int>(caret.height() * down)};
     SDL_SetTextInputRect(&place);
+}
+
+void SdlClipboard::install() {
+    [[maybe_unused]] static const bool installed = [] {
+        Services::replace<Clipboard>(make<SdlClipboard>());
+        return true;
+    }();
 }
 
 std::optional<std::string> SdlClipboard::text() {

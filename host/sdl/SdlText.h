@@ -32,6 +32,9 @@ private:
 /// The display's clipboard.
 class SdlClipboard final : public Clipboard {
 public:
+    /// Puts it in the place of the process's own, once. Throws
+    /// `NSInternalInconsistencyException` when that was used before.
+    static void install();
     std::optional<std::string> text() override;
     void setText(std::string_view text) override;
 };

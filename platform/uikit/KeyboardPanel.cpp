@@ -72,11 +72,10 @@ void KeyboardPanel::moveTo(double top, const Completion& done) {
 
 void KeyboardPanel::rise(double height) {
     const double bottom = UIScreen::mainScreen()->bounds().height();
-    UIView::performWithoutAnimation([&] {
-        // What is up already keeps its bottom where it is.
-        const double top = up_ ? bottom - height : bottom;
-        setFrame({0, top, bounds().width(), height});
-    });
+    // What is up already keeps its bottom where it is; what is on its way down turns round.
+    const Rect start{0, up_ ? bottom - height : bottom, bounds().width(), height};
+    if (frame() != start)
+        UIView::performWithoutAnimation([&] { setFrame(start); });
     setHidden(false);
     up_ = true;
     moveTo(bottom - height, {});

@@ -31,6 +31,8 @@ public:
     }
     bool drawsRect() const override { return true; }
     void drawRect(const Rect&) override {
+        if (!painter_)
+            return;
         const auto context = UIGraphicsGetCurrentContext();
         const Point origin = frame().origin;
         context->translate(-origin.x, -origin.y);

@@ -20,6 +20,8 @@ public:
     ~TextCanvas() override;
     void init() override;
 
+    /// Nothing is drawn any more: the text is gone.
+    void stopPainting() { painter_ = {}; }
     /// What is to be seen, and how large the text is.
     void show(const Rect& visible, Size content);
     void invalidate(TextFlow::Band band);

@@ -12,7 +12,10 @@ namespace zn {
 
 /// What a text input is made of: the text being edited, its layout, and the picture of it.
 struct UITextInput::State {
-    explicit State(UITextInput& owner, Lines inputLines);
+    State(UITextInput& owner, Lines inputLines);
+    ~State() { canvas->stopPainting(); }
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
 
     /// Lays out what the text shows as; all of it again after a change of its look.
     void layOut();
