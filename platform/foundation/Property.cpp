@@ -7,7 +7,8 @@ namespace zn {
 namespace {
 
 std::string join(std::string_view type, std::string_view marks, std::string_view field) {
-    std::string text = "T" + std::string(type);
+    std::string text("T");
+    text.append(type);
     if (!marks.empty())
         text.append(",").append(marks);
     text += ",N";
