@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/uikit/BarButton.h"
+
 namespace zn {
 namespace {
 
@@ -10,6 +12,8 @@ constexpr Size chevronSize{11, 20};
 constexpr double chevronWidth = 2.75;
 constexpr double backTitleLeft = 27;
 constexpr double spacing = 8;
+/// Between an item and the edge of the bar.
+constexpr double itemMargin = 16;
 /// The part of the bar that the way back may take.
 constexpr double backShare = 0.4;
 
@@ -30,6 +34,8 @@ void UINavigationBar::Page::init() {
     makeTitle();
     if (!look_.backTitle.empty())
         makeBackButton();
+    left_ = makeItems(look_.item->leftBarButtonItems());
+    right_ = makeItems(look_.item->rightBarButtonItems());
     layoutSubviews();
 }
 
@@ -62,6 +68,16 @@ void UINavigationBar::Page::makeBackButton() {
     layer()->addSublayer(chevron_);
 }
 
+std::vector<Ref<UIView>> UINavigationBar::Page::makeItems(const UINavigationItem::Items& items) {
+    std::vector<Ref<UIView>> views;
+    for (const auto& item : items) {
+        views.push_back(item->customView() ? item->customView()
+                                           : Ref<UIView>(make<BarButton>(item, look_.tint)));
+        addSubview(views.back());
+    }
+    return views;
+}
+
 void UINavigationBar::Page::setBackAction(const Action& action) {
     if (back_)
         back_->addTarget(action, UIControlEvents::TouchUpInside);
@@ -85,14 +101,44 @@ double UINavigationBar::Page::layoutBackButton() {
     return width;
 }
 
+/// A custom view keeps its size; one without a size gets what it asks for.
+Size UINavigationBar::Page::itemSize(const UIView& view) const {
+    const Size own = view.bounds().size;
+    const bool sized = own.width > 0 && own.height > 0 && !dynamic_cast<const BarButton*>(&view);
+    return sized ? own : view.sizeThatFits(bounds().size);
+}
+
+double UINavigationBar::Page::layoutLeft() {
+    double x = back_ ? layoutBackButton() + spacing : left_.empty() ? spacing : itemMargin;
+    for (const auto& view : left_) {
+        const Size size = itemSize(*view);
+        view->setFrame(Rect({x, (bounds().height() - size.height) / 2}, size));
+        x += size.width + spacing;
+    }
+    return x;
+}
+
+double UINavigationBar::Page::layoutRight() {
+    double taken = right_.empty() ? spacing : itemMargin;
+    for (const auto& view : right_) {
+        const Size size = itemSize(*view);
+        taken += size.width;
+        view->setFrame(
+            Rect({bounds().width() - taken, (bounds().height() - size.height) / 2}, size));
+        taken += spacing;
+    }
+    return taken;
+}
+
 void UINavigationBar::Page::layoutSubviews() {
     const Rect area = bounds();
-    const double left = back_ ? layoutBackButton() + spacing : spacing;
+    const double left = layoutLeft();
+    const double right = layoutRight();
     const Size wanted = title_->sizeThatFits(area.size);
-    const double width = std::min(wanted.width, std::max(0.0, area.width() - left - spacing));
-    // Centred in the bar, moved right only where the way back needs the room.
+    const double width = std::min(wanted.width, std::max(0.0, area.width() - left - right));
+    // Centred in the bar, moved aside only where the sides need the room.
     const double x = std::max(left, (area.width() - width) / 2);
-    const double fitting = std::min(x, area.width() - spacing - width);
+    const double fitting = std::min(x, area.width() - right - width);
     title_->setFrame(
         {fitting + offset_, (area.height() - wanted.height) / 2, width, wanted.height});
 }

@@ -19,6 +19,14 @@ void post(const char* name, const Ref<UIWindow>& window) {
     NSNotificationCenter::defaultCenter()->postNotificationName(name, window);
 }
 
+/// The controller that the window shows: its root, or what was presented last above it.
+Ref<UIViewController> frontController(const UIWindow& window) {
+    Ref<UIViewController> front = window.rootViewController();
+    while (front && front->presentedViewController())
+        front = front->presentedViewController();
+    return front;
+}
+
 }  // namespace
 
 UIApplication::UIApplication() : state_(std::make_unique<State>()) {
@@ -111,10 +119,10 @@ void UIApplication::State::updateStatusBar() {
     UIScreen::State& screen = *UIScreen::mainScreen()->state_;
     StatusBar::Look look;
     for (const Ref<UIWindow>& window : screen.windows.visible())
-        if (const Ref<UIViewController> root = window->rootViewController())
-            look = {root->prefersStatusBarHidden(),
-                    static_cast<UIStatusBarStyle>(root->preferredStatusBarStyle()),
-                    static_cast<UIStatusBarAnimation>(root->preferredStatusBarUpdateAnimation())};
+        if (const Ref<UIViewController> front = frontController(*window))
+            look = {front->prefersStatusBarHidden(),
+                    static_cast<UIStatusBarStyle>(front->preferredStatusBarStyle()),
+                    static_cast<UIStatusBarAnimation>(front->preferredStatusBarUpdateAnimation())};
     // The application begins with what its first screen wants.
     if (!statusBarWasUpdated)
         look.animation = UIStatusBarAnimation::None;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/uikit/BarButton.h"
 #include "platform/uikit/NavigationBarPage.h"
 
 namespace zn {
@@ -10,7 +11,7 @@ namespace {
 constexpr CGColor barColor{0.976, 0.976, 0.976, 1};
 constexpr CGColor translucentBarColor{0.976, 0.976, 0.976, 0.94};
 constexpr CGColor lineColor{0, 0, 0, 0.2};
-/// Points that the old and the new title travel during a push.
+/// Points that the old and the new title travel during a change.
 constexpr double slideDistance = 100;
 
 }  // namespace
@@ -49,18 +50,13 @@ void UINavigationBar::setBarTintColor(const Ref<UIColor>& color) {
     colorBackground();
 }
 
-void UINavigationBar::setTitleColor(const Ref<UIColor>& color) {
-    titleColor_ = color;
-    showTop(Change::None, 0);
-}
-
-void UINavigationBar::setTitleFont(const Ref<UIFont>& font) {
-    titleFont_ = font;
-    showTop(Change::None, 0);
+void UINavigationBar::setTitleTextAttributes(const Dictionary& attributes) {
+    titleTextAttributes_ = attributes.copy();
+    refreshPage();
 }
 
 void UINavigationBar::tintColorDidChange() {
-    showTop(Change::None, 0);
+    refreshPage();
 }
 
 void UINavigationBar::setTopExtension(double height) {
@@ -70,19 +66,52 @@ void UINavigationBar::setTopExtension(double height) {
     setNeedsLayout();
 }
 
-void UINavigationBar::setItems(std::vector<Ref<UINavigationItem>> items, Change change,
-                               double duration) {
+void UINavigationBar::setItems(std::vector<Ref<UINavigationItem>> items, Change change) {
+    endChange();
     if (!items_.empty())
         items_.back()->setChangeHandler({});
     items_ = std::move(items);
-    if (!items_.empty()) {
-        const WeakRef<UINavigationBar> weak = ref(this);
-        items_.back()->setChangeHandler([weak] {
-            if (const auto bar = weak.lock())
-                bar->showTop(Change::None, 0);
-        });
+    watchTop();
+    const Ref<Page> old = std::exchange(page_, nullptr);
+    refreshPage();
+    if (!old)
+        return;
+    if (change == Change::None) {
+        old->removeFromSuperview();
+        return;
     }
-    showTop(change, duration);
+    leavingPage_ = old;
+    leavingPage_->setUserInteractionEnabled(false);
+    travel_ = change == Change::Push ? slideDistance : -slideDistance;
+    UIView::performWithoutAnimation([this] { setChangeProgress(0); });
+}
+
+void UINavigationBar::watchTop() {
+    if (items_.empty())
+        return;
+    const WeakRef<UINavigationBar> weak = ref(this);
+    items_.back()->setChangeHandler([weak] {
+        if (const auto bar = weak.lock())
+            bar->refreshPage();
+    });
+}
+
+void UINavigationBar::setChangeProgress(double progress) {
+    progress_ = progress;
+    if (leavingPage_) {
+        leavingPage_->slideTo(-travel_ * progress);
+        leavingPage_->setAlpha(1 - progress);
+    }
+    if (page_) {
+        page_->slideTo(travel_ * (1 - progress));
+        page_->setAlpha(progress);
+    }
+}
+
+void UINavigationBar::endChange() {
+    if (const auto leaving = std::exchange(leavingPage_, nullptr))
+        leaving->removeFromSuperview();
+    UIView::performWithoutAnimation([this] { setChangeProgress(1); });
 }
 
 Ref<UINavigationBar::Page> UINavigationBar::makePage() {
@@ -90,48 +119,33 @@ Ref<UINavigationBar::Page> UINavigationBar::makePage() {
         return nullptr;
     Page::Look look;
     look.item = items_.back();
-    look.titleColor = titleColor_ ? titleColor_ : UIColor::blackColor();
-    look.titleFont = titleFont_ ? titleFont_ : UIFont::systemFontOfSize(17, UIFontWeight::Semibold);
+    const Ref<UIColor> color = colorOf(titleTextAttributes_);
+    const Ref<UIFont> font = fontOf(titleTextAttributes_);
+    look.titleColor = color ? color : UIColor::blackColor();
+    look.titleFont = font ? font : UIFont::systemFontOfSize(17, UIFontWeight::Semibold);
     look.tint = tintColor();
-    if (items_.size() > 1 && !look.item->hidesBackButton()) {
+    const bool ownLeft =
+        !look.item->leftBarButtonItems().empty() && !look.item->leftItemsSupplementBackButton();
+    if (items_.size() > 1 && !look.item->hidesBackButton() && !ownLeft) {
         const Ref<UINavigationItem>& below = items_[items_.size() - 2];
         const std::string& title = below->backTitle().empty() ? below->title() : below->backTitle();
         look.backTitle = title.empty() ? "Back" : title;
     }
-    const auto page = make<Page>(bounds(), std::move(look));
+    auto page = make<Page>(bounds(), std::move(look));
     page->setBackAction(ZN_ACTION(ref(this), backTapped));
     return page;
 }
 
-void UINavigationBar::showTop(Change change, double duration) {
-    const Ref<Page> old = page_;
-    page_ = makePage();
-    if (page_)
-        UIView::performWithoutAnimation([this] { addSubview(page_); });
-    if (!old)
-        return;
-    if (change == Change::None || duration <= 0) {
-        old->removeFromSuperview();
-        return;
-    }
-    const double travel = change == Change::Push ? slideDistance : -slideDistance;
-    if (page_)
-        UIView::performWithoutAnimation([&] {
-            page_->slideTo(travel);
-            page_->setAlpha(0);
-        });
-    old->setUserInteractionEnabled(false);
-    UIView::animateWithDuration(
-        duration,
-        [&] {
-            old->slideTo(-travel);
-            old->setAlpha(0);
-            if (page_) {
-                page_->slideTo(0);
-                page_->setAlpha(1);
-            }
-        },
-        [old](bool) { old->removeFromSuperview(); });
+void UINavigationBar::refreshPage() {
+    UIView::performWithoutAnimation([this] {
+        // The new page takes over what both show: the title view, the items' views.
+        const Ref<Page> old = std::exchange(page_, makePage());
+        if (page_)
+            addSubview(page_);
+        if (old)
+            old->removeFromSuperview();
+        setChangeProgress(progress_);
+    });
 }
 
 void UINavigationBar::backTapped() {

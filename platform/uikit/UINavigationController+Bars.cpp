@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/uikit/NavigationTransition.h"
 #include "zarnic/platform/UIScreen.h"
 #include "zarnic/platform/UIWindow.h"
@@ -19,7 +21,7 @@ void UINavigationController::viewWillAppear(bool animated) {
 void UINavigationController::viewDidAppear(bool animated) {
     UIViewController::viewDidAppear(animated);
     appeared_ = true;
-    if (transition_ && !transition_->animated)
+    if (transition_ && !transition_->moves())
         finishTransition();
     else if (shown_ && !transition_)
         shown_->endAppearanceTransition();
@@ -41,8 +43,10 @@ void UINavigationController::viewDidDisappear(bool animated) {
 
 void UINavigationController::viewDidLayoutSubviews() {
     UIViewController::viewDidLayoutSubviews();
+    if (transition_ && transition_->slide && content_->bounds().size != view()->bounds().size)
+        finishTransition();
     layoutBars();
-    if (!transition_)
+    if (!transition_ || !transition_->slide)
         placeShownView();
 }
 
@@ -52,6 +56,11 @@ void UINavigationController::setNavigationBarHidden(bool hidden, bool animated) 
     barHidden_ = hidden;
     if (!isViewLoaded())
         return;
+    // It goes along with a transition that is about to move, and changes after one that moves.
+    if (transition_ && transition_->moves() && (animated || transition_->slide))
+        return;
+    if (transition_)
+        transition_->barWasHidden = hidden;
     if (!animated || !appeared_) {
         layoutBars();
         bar_->setHidden(hidden);
@@ -99,11 +108,15 @@ void UINavigationController::layoutBars() {
     if (!content_)
         return;
     const Rect area = view()->bounds();
-    const double top = topOfBar();
     content_->setFrame(area);
-    bar_->setTopExtension(top);
-    bar_->setFrame({0, barHidden_ ? -2 * UINavigationBar::Height : top, area.width(),
-                    UINavigationBar::Height});
+    bar_->setTopExtension(topOfBar());
+    if (!transition_ || !transition_->barRides)
+        bar_->setFrame(barPlace(barHidden_));
+}
+
+Rect UINavigationController::barPlace(bool hidden) {
+    return {0, hidden ? -2 * UINavigationBar::Height : topOfBar(), view()->bounds().width(),
+            UINavigationBar::Height};
 }
 
 void UINavigationController::placeShownView() {
@@ -111,12 +124,17 @@ void UINavigationController::placeShownView() {
         shown_->view()->setFrame(contentFrame());
 }
 
-void UINavigationController::updateBarItems(UINavigationBar::Change change, bool animated) {
+void UINavigationController::updateBarItems(UINavigationBar::Change change) {
     std::vector<Ref<UINavigationItem>> items;
     items.reserve(stack_.size());
     for (const auto& each : stack_)
         items.push_back(each->navigationItem());
-    bar_->setItems(std::move(items), change, animated ? TransitionDuration : 0);
+    bar_->setItems(std::move(items), change);
+}
+
+bool UINavigationController::hidesBottomBar() const {
+    return std::any_of(stack_.begin(), stack_.end(),
+                       [](const auto& each) { return each->hidesBottomBarWhenPushed(); });
 }
 
 }  // namespace zn

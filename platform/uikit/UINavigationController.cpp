@@ -39,7 +39,7 @@ void UINavigationController::viewDidLoad() {
     view()->addSubview(content_);
     view()->addSubview(bar_);
     view()->addGestureRecognizer(popGesture_);
-    updateBarItems(UINavigationBar::Change::None, false);
+    updateBarItems(UINavigationBar::Change::None);
 }
 
 Ref<UIViewController> UINavigationController::topViewController() const {
@@ -52,6 +52,7 @@ Ref<UIViewController> UINavigationController::visibleViewController() const {
 
 void UINavigationController::pushViewController(const Ref<UIViewController>& controller,
                                                 bool animated) {
+    finishTransition();
     if (!controller)
         throw NSException(NSInvalidArgumentException, "pushing an absent controller");
     if (std::find(stack_.begin(), stack_.end(), controller) != stack_.end())
@@ -61,24 +62,31 @@ void UINavigationController::pushViewController(const Ref<UIViewController>& con
         throw NSException(NSInvalidArgumentException, "pushing a tab bar controller");
     addChildViewController(controller);
     stack_.push_back(controller);
-    show(Direction::Forward, animated);
+    show(Direction::Forward, animated, {});
     controller->didMoveToParentViewController(ref(this));
 }
 
 Ref<UIViewController> UINavigationController::popViewControllerAnimated(bool animated) {
+    finishTransition();
     if (stack_.size() < 2)
         return nullptr;
-    return popToViewController(stack_[stack_.size() - 2], animated).back();
+    // Of its own: the pop changes the stack.
+    const Ref<UIViewController> below = stack_[stack_.size() - 2];
+    return popToViewController(below, animated).back();
 }
 
 std::vector<Ref<UIViewController>> UINavigationController::popToRootViewControllerAnimated(
     bool animated) {
-    return stack_.empty() ? std::vector<Ref<UIViewController>>()
-                          : popToViewController(stack_.front(), animated);
+    finishTransition();
+    if (stack_.empty())
+        return {};
+    const Ref<UIViewController> root = stack_.front();
+    return popToViewController(root, animated);
 }
 
 std::vector<Ref<UIViewController>> UINavigationController::popToViewController(
     const Ref<UIViewController>& controller, bool animated) {
+    finishTransition();
     const auto found = std::find(stack_.begin(), stack_.end(), controller);
     if (found == stack_.end())
         throw NSException(NSInvalidArgumentException,
@@ -87,39 +95,32 @@ std::vector<Ref<UIViewController>> UINavigationController::popToViewController(
     if (popped.empty())
         return popped;
     stack_.erase(found + 1, stack_.end());
-    show(Direction::Backward, animated);
     for (const auto& each : popped)
-        each->removeFromParentViewController();
+        each->willMoveToParentViewController(nullptr);
+    show(Direction::Backward, animated, popped);
     return popped;
 }
 
 void UINavigationController::setViewControllers(
     const std::vector<Ref<UIViewController>>& controllers, bool animated) {
-    const std::vector<Ref<UIViewController>> old = std::exchange(stack_, {});
+    finishTransition();
     const auto contains = [](const auto& list, const auto& each) {
         return std::find(list.begin(), list.end(), each) != list.end();
     };
+    Controllers leaving = std::exchange(stack_, {});
+    const bool backward = !controllers.empty() && contains(leaving, controllers.back());
     for (const auto& each : controllers)
         addChildViewController(each);
     stack_ = controllers;
-    const Ref<UIViewController> top = topViewController();
-    if (top != shown_)
-        show(contains(old, top) ? Direction::Backward : Direction::Forward, animated);
-    else
-        updateBarItems(UINavigationBar::Change::None, false);
-    for (const auto& each : old)
-        if (!contains(stack_, each))
-            each->removeFromParentViewController();
-}
-
-void UINavigationController::swiped(const Ref<UIPanGestureRecognizer>& gesture) {
-    if (gesture->state() != UIGestureRecognizerState::Ended || transition_)
-        return;
-    // Far enough, or on its way there: where it would be a quarter of a second later.
-    const double travelled =
-        gesture->translationInView(view()).x + gesture->velocityInView(view()).x * 0.25;
-    if (travelled > view()->bounds().width() / 2)
-        popViewControllerAnimated(true);
+    std::erase_if(leaving, [&](const auto& each) { return contains(stack_, each); });
+    for (const auto& each : leaving)
+        each->willMoveToParentViewController(nullptr);
+    if (topViewController() != shown_)
+        return show(backward ? Direction::Backward : Direction::Forward, animated,
+                    std::move(leaving));
+    updateBarItems(UINavigationBar::Change::None);
+    for (const auto& each : leaving)
+        each->removeFromParentViewController();
 }
 
 }  // namespace zn

@@ -28,6 +28,49 @@ void UINavigationItem::setHidesBackButton(bool hides) {
     tellBar();
 }
 
+void UINavigationItem::replace(Items& side, Items items) {
+    std::erase(items, nullptr);
+    for (const auto& item : side)
+        item->setChangeHandler({});
+    side = std::move(items);
+    const WeakRef<UINavigationItem> weak = ref(this);
+    for (const auto& item : side)
+        item->setChangeHandler([weak] {
+            if (const auto self = weak.lock())
+                self->tellBar();
+        });
+    tellBar();
+}
+
+void UINavigationItem::setLeftBarButtonItems(Items items) {
+    replace(leftItems_, std::move(items));
+}
+
+void UINavigationItem::setRightBarButtonItems(Items items) {
+    replace(rightItems_, std::move(items));
+}
+
+Ref<UIBarButtonItem> UINavigationItem::leftBarButtonItem() const {
+    return leftItems_.empty() ? nullptr : leftItems_.front();
+}
+
+void UINavigationItem::setLeftBarButtonItem(const Ref<UIBarButtonItem>& item) {
+    setLeftBarButtonItems({item});
+}
+
+Ref<UIBarButtonItem> UINavigationItem::rightBarButtonItem() const {
+    return rightItems_.empty() ? nullptr : rightItems_.front();
+}
+
+void UINavigationItem::setRightBarButtonItem(const Ref<UIBarButtonItem>& item) {
+    setRightBarButtonItems({item});
+}
+
+void UINavigationItem::setLeftItemsSupplementBackButton(bool supplement) {
+    supplementsBackButton_ = supplement;
+    tellBar();
+}
+
 void UINavigationItem::tellBar() const {
     if (changed_)
         changed_();

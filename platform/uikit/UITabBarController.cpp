@@ -2,33 +2,30 @@
 
 #include <algorithm>
 
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/UINavigationController.h"
 #include "zarnic/platform/UIScreen.h"
 
 namespace zn {
-namespace {
-
-constexpr CGColor barColor{0.976, 0.976, 0.976, 1};
-constexpr CGColor lineColor{0, 0, 0, 0.2};
-constexpr CGColor unselectedColor{0.57, 0.57, 0.57, 1};
-
-}  // namespace
 
 UITabBarController::UITabBarController() = default;
 
 UITabBarController::~UITabBarController() = default;
 
+void UITabBarController::init() {
+    UIViewController::init();
+    bar_ = make<UITabBar>(Rect());
+    const WeakRef<UITabBarController> weak = ref(this);
+    bar_->setSelectHandler([weak](std::size_t index) {
+        if (const auto self = weak.lock())
+            self->setSelectedIndex(index);
+    });
+}
+
 void UITabBarController::viewDidLoad() {
     UIViewController::viewDidLoad();
     content_ = make<UIView>(view()->bounds());
     view()->addSubview(content_);
-    bar_ = make<UIView>(Rect());
-    bar_->setBackgroundColor(make<UIColor>(barColor));
-    line_ = make<UIView>(Rect());
-    line_->setBackgroundColor(make<UIColor>(lineColor));
-    bar_->addSubview(line_);
     view()->addSubview(bar_);
-    makeTabs();
     showSelected();
 }
 
@@ -40,11 +37,11 @@ void UITabBarController::setViewControllers(const std::vector<Ref<UIViewControll
     for (const auto& each : controllers_)
         addChildViewController(each);
     selected_ = 0;
+    showItems();
     if (!isViewLoaded())
         return;
     if (old && old != selectedViewController())
         leave(old);
-    makeTabs();
     showSelected();
 }
 
@@ -70,12 +67,22 @@ void UITabBarController::leave(const Ref<UIViewController>& controller) {
     controller->endAppearanceTransition();
 }
 
-void UITabBarController::showSelected() {
-    colorTabs();
+void UITabBarController::showItems() {
+    std::vector<Ref<UITabBarItem>> items;
+    items.reserve(controllers_.size());
+    for (const auto& each : controllers_)
+        items.push_back(each->tabBarItem());
+    bar_->setItems(std::move(items));
     const Ref<UIViewController> selected = selectedViewController();
+    bar_->setSelectedItem(selected ? selected->tabBarItem() : nullptr);
+}
+
+void UITabBarController::showSelected() {
+    const Ref<UIViewController> selected = selectedViewController();
+    bar_->setSelectedItem(selected ? selected->tabBarItem() : nullptr);
+    updateTabBar();
     if (!selected)
         return;
-    selected->view()->setFrame(content_->bounds());
     if (appearing_)
         selected->beginAppearanceTransition(true, false);
     content_->addSubview(selected->view());
@@ -83,45 +90,42 @@ void UITabBarController::showSelected() {
         selected->endAppearanceTransition();
 }
 
-void UITabBarController::makeTabs() {
-    for (const auto& tab : std::exchange(tabs_, {}))
-        tab->removeFromSuperview();
-    for (const auto& controller : controllers_) {
-        const auto tab = UIButton::buttonWithType(UIButtonType::Custom);
-        tab->titleLabel()->setFont(UIFont::systemFontOfSize(12, UIFontWeight::Medium));
-        tab->setTitle(controller->tabBarItem()->title(), UIControlState::Normal);
-        tab->setImage(controller->tabBarItem()->image(), UIControlState::Normal);
-        tab->addTarget(ZN_ACTION(ref(this), tabTapped), UIControlEvents::TouchDown);
-        bar_->addSubview(tab);
-        tabs_.push_back(tab);
-    }
-    colorTabs();
-    view()->setNeedsLayout();
+bool UITabBarController::tabBarHides() const {
+    const auto navigation = as<UINavigationController>(selectedViewController());
+    return navigation && navigation->hidesBottomBar();
 }
 
-void UITabBarController::colorTabs() {
-    const auto unselected = make<UIColor>(unselectedColor);
-    for (std::size_t index = 0; index < tabs_.size(); ++index)
-        tabs_[index]->setTitleColor(index == selected_ ? bar_->tintColor() : unselected,
-                                    UIControlState::Normal);
+void UITabBarController::updateTabBar() {
+    barHidden_ = tabBarHides();
+    UIView::performWithoutAnimation([this] {
+        if (std::exchange(barLent_, false))
+            view()->addSubview(bar_);
+        bar_->setUserInteractionEnabled(true);
+        bar_->setHidden(barHidden_);
+        layoutContent();
+    });
 }
 
-void UITabBarController::tabTapped(const Ref<UIButton>& button) {
-    const auto found = std::find(tabs_.begin(), tabs_.end(), button);
-    if (found != tabs_.end())
-        setSelectedIndex(static_cast<std::size_t>(found - tabs_.begin()));
+void UITabBarController::lendTabBar(const Ref<UIView>& borrower) {
+    barLent_ = true;
+    bar_->setUserInteractionEnabled(false);
+    bar_->setHidden(false);
+    borrower->addSubview(bar_);
+    layoutContent();
 }
 
 void UITabBarController::viewDidLayoutSubviews() {
     UIViewController::viewDidLayoutSubviews();
+    layoutContent();
+}
+
+void UITabBarController::layoutContent() {
     const Rect area = view()->bounds();
-    const double height = BarHeight + UIScreen::mainScreen()->profile().safeBottom;
-    bar_->setFrame({0, area.height() - height, area.width(), height});
-    line_->setFrame({0, 0, area.width(), 1 / view()->contentScaleFactor()});
-    content_->setFrame({0, 0, area.width(), area.height() - height});
-    const double width = tabs_.empty() ? 0 : area.width() / static_cast<double>(tabs_.size());
-    for (std::size_t index = 0; index < tabs_.size(); ++index)
-        tabs_[index]->setFrame({static_cast<double>(index) * width, 0, width, BarHeight});
+    const double height = UITabBar::Height + UIScreen::mainScreen()->profile().safeBottom;
+    if (!barLent_)
+        bar_->setFrame({0, area.height() - height, area.width(), height});
+    const bool whole = barHidden_ || barLent_;
+    content_->setFrame({0, 0, area.width(), area.height() - (whole ? 0 : height)});
     if (const auto selected = selectedViewController())
         selected->view()->setFrame(content_->bounds());
 }

@@ -30,6 +30,7 @@ RANKS = {folder: rank for rank, row in enumerate(FLOORS) for folder in row}
 HEADER_ONLY = {
     "zarnic/platform/DeviceFacts.h": "platform/services",
     "zarnic/platform/Export.h": "platform/foundation",
+    "zarnic/platform/NSTextAttributes.h": "platform/drawing",
     "zarnic/zarnic.h": "host",
 }
 

@@ -1,60 +1,14 @@
 #include "zarnic/platform/UINavigationController.h"
 
-#include <gmock/gmock.h>
-
-#include "tests/uikit/RecordingController.h"
+#include "tests/uikit/NavigationFixture.h"
 #include "zarnic/platform/NSException.h"
 #include "zarnic/platform/UITabBarController.h"
-#include "zarnic/testing/Stage.h"
 
 namespace zn {
 namespace {
 
 using ::testing::ElementsAre;
 constexpr double transition = UINavigationController::TransitionDuration;
-
-/// Writes will-show and did-show into the screens' record, as "show" and "shown".
-class Watcher : public NSObject, public UINavigationControllerDelegate {
-    ZN_OBJECT(Watcher, NSObject)
-public:
-    explicit Watcher(RecordingController::Record& record) : record_(record) {}
-    void navigationControllerWillShowViewController(const Ref<UINavigationController>&,
-                                                    const Ref<UIViewController>&, bool) override {
-        record_.push_back("show");
-        if (onWillShow)
-            std::exchange(onWillShow, {})();
-    }
-    void navigationControllerDidShowViewController(const Ref<UINavigationController>&,
-                                                   const Ref<UIViewController>&, bool) override {
-        record_.push_back("shown");
-    }
-    std::function<void()> onWillShow;
-
-private:
-    RecordingController::Record& record_;
-};
-
-class NavigationTest : public ::testing::Test {
-protected:
-    NavigationTest() {
-        watcher = make<Watcher>(record);
-        navigation = make<UINavigationController>(a);
-        navigation->setDelegate(watcher);
-    }
-    void showOnScreen() {
-        stage.show(navigation);
-        stage.settle();
-        record.clear();
-    }
-
-    Stage stage;
-    RecordingController::Record record;
-    Ref<RecordingController> a = make<RecordingController>('a', record);
-    Ref<RecordingController> b = make<RecordingController>('b', record);
-    Ref<RecordingController> c = make<RecordingController>('c', record);
-    Ref<Watcher> watcher;
-    Ref<UINavigationController> navigation;
-};
 
 TEST_F(NavigationTest, RootIsShownWhenTheControllerFirstAppears) {
     EXPECT_EQ(navigation->topViewController(), a);
@@ -163,77 +117,50 @@ TEST_F(NavigationTest, BarMovesOutOfTheWayInItsTime) {
     EXPECT_EQ(bar->frame(), Rect(0, 20, 375, 44));
 }
 
-TEST_F(NavigationTest, EdgeSwipeGoesBackAndAShortOneDoesNot) {
+TEST_F(NavigationTest, PoppedScreensLeaveTheFamilyWhenTheTransitionEnds) {
     showOnScreen();
-    navigation->pushViewController(b, false);
-    stage.drag({2, 300}, {60, 300}, 1);
+    navigation->setViewControllers({a, b, c}, false);
+    navigation->popToRootViewControllerAnimated(true);
+    EXPECT_EQ(c->navigationController(), navigation) << "it is still seen";
+    EXPECT_EQ(navigation->viewControllers().size(), 1u);
     stage.advance(2 * transition);
-    EXPECT_EQ(navigation->topViewController(), b);
-    stage.drag({2, 300}, {300, 300}, 0.3);
+    EXPECT_EQ(b->navigationController(), nullptr);
+    EXPECT_EQ(c->navigationController(), nullptr);
+    navigation->popToRootViewControllerAnimated(true);
+    navigation->pushViewController(c, true);
+    navigation->popViewControllerAnimated(true);
+    navigation->pushViewController(c, true);
     stage.advance(2 * transition);
-    EXPECT_EQ(navigation->topViewController(), a);
+    EXPECT_EQ(c->navigationController(), navigation) << "back before it was gone";
 }
 
-class PresentationTest : public NavigationTest {};
-
-TEST_F(PresentationTest, CoversFromBelowAndTellsBothWays) {
-    stage.show(a);
-    stage.settle();
-    record.clear();
-    bool presented = false;
-    a->presentViewController(b, true, [&] { presented = true; });
-    EXPECT_EQ(a->presentedViewController(), b);
-    EXPECT_EQ(b->presentingViewController(), a);
-    EXPECT_THAT(record, ElementsAre("b+", "a-"));
-    EXPECT_EQ(b->view()->layer()->presentationFrame().minY(), 667);
-    stage.advance(UIViewController::PresentationDuration + 0.01);
-    EXPECT_TRUE(presented);
-    EXPECT_EQ(b->view()->layer()->presentationFrame().minY(), 0);
-    EXPECT_THAT(record, ElementsAre("b+", "a-", "A-", "B+"));
-    record.clear();
-    bool dismissed = false;
-    b->dismissViewControllerAnimated(true, [&] { dismissed = true; });
-    stage.advance(UIViewController::PresentationDuration + 0.01);
-    EXPECT_TRUE(dismissed);
-    EXPECT_EQ(b->view()->window(), nullptr);
-    EXPECT_THAT(record, ElementsAre("b-", "a+", "B-", "A+"));
+TEST_F(NavigationTest, AScreenMayPushAnotherWhenItIsToldThatItAppears) {
+    struct Hasty : UIViewController {
+        void viewWillAppear(bool) override {
+            if (next)
+                navigationController()->pushViewController(std::exchange(next, nullptr), true);
+        }
+        Ref<UIViewController> next;
+    };
+    showOnScreen();
+    const auto hasty = make<Hasty>();
+    hasty->next = c;
+    navigation->pushViewController(hasty, true);
+    stage.advance(transition / 2);
+    EXPECT_TRUE(hasty->view()->window()) << "it slides away under the next one";
+    stage.advance(transition);
+    EXPECT_THAT(record, ElementsAre("show", "a-", "A-", "shown", "show", "c+", "C+", "shown"));
+    EXPECT_EQ(c->view()->superview()->subviews().size(), 1u);
 }
 
-TEST_F(PresentationTest, WithoutAWindowOrTwiceNothingIsShown) {
-    bool completed = false;
-    a->presentViewController(b, true, [&] { completed = true; });
-    EXPECT_EQ(a->presentedViewController(), nullptr);
-    stage.show(a);
-    stage.takeLog();
-    a->presentViewController(b, false, {});
-    a->presentViewController(c, false, [&] { completed = true; });
-    stage.advance(1);
-    EXPECT_EQ(a->presentedViewController(), b);
-    EXPECT_FALSE(completed);
-    EXPECT_EQ(stage.takeLog().size(), 1u);
-    a->dismissViewControllerAnimated(false, {});
-    a->dismissViewControllerAnimated(false, {});
-    EXPECT_EQ(a->presentedViewController(), nullptr);
-}
-
-class TabsTest : public NavigationTest {};
-
-TEST_F(TabsTest, ShowsTheChosenControllerOnly) {
-    const auto tabs = make<UITabBarController>();
-    b->setTitle("Second");
-    tabs->setViewControllers({a, b});
-    stage.show(tabs);
-    stage.settle();
-    EXPECT_THAT(record, ElementsAre("a+", "A+"));
+TEST_F(NavigationTest, UnderAPresentedScreenItChangesAtOnce) {
+    showOnScreen();
+    navigation->presentViewController(c, false, {});
     record.clear();
-    tabs->setSelectedIndex(7);
-    EXPECT_EQ(tabs->selectedIndex(), 0u);
-    stage.tap(Point{300, 667 - 20});
-    EXPECT_EQ(tabs->selectedViewController(), b);
-    EXPECT_THAT(record, ElementsAre("a-", "A-", "b+", "B+"));
-    EXPECT_EQ(b->view()->frame(), Rect(0, 0, 375, 667 - 49));
-    EXPECT_EQ(a->view()->window(), nullptr);
-    EXPECT_EQ(b->tabBarController(), tabs);
+    navigation->pushViewController(b, true);
+    EXPECT_THAT(record, ElementsAre("show", "shown"));
+    navigation->dismissViewControllerAnimated(false, {});
+    EXPECT_THAT(record, ElementsAre("show", "shown", "c-", "b+", "C-", "B+"));
 }
 
 }  // namespace

@@ -9,10 +9,11 @@
 #include "zarnic/platform/UILabel.h"
 #include "zarnic/platform/UINavigationItem.h"
 #include "zarnic/platform/UIView.h"
+#include "zarnic/platform/Value.h"
 
 namespace zn {
 
-/// The bar above a navigation controller's screens: back button, title, a line below.
+/// The bar above a navigation controller's screens: back button, bar items, title, a line below.
 class ZN_EXPORT UINavigationBar : public UIView {
     ZN_OBJECT(UINavigationBar, UIView)
 public:
@@ -30,18 +31,21 @@ public:
     /// The bar's own colour; null for the platform's near-white.
     const Ref<UIColor>& barTintColor() const { return barTintColor_; }
     void setBarTintColor(const Ref<UIColor>& color);
-    /// Null for black.
-    const Ref<UIColor>& titleColor() const { return titleColor_; }
-    void setTitleColor(const Ref<UIColor>& color);
-    /// Null for the system's semibold 17.
-    const Ref<UIFont>& titleFont() const { return titleFont_; }
-    void setTitleFont(const Ref<UIFont>& font);
+    /// Font and colour of every title (see `NSTextAttributes.h`); what is missing is the system's
+    /// semibold 17, and black. The dictionary is copied.
+    const Dictionary& titleTextAttributes() const { return titleTextAttributes_; }
+    void setTitleTextAttributes(const Dictionary& attributes);
 
     /// Bottom to top; the last one is shown.
     const std::vector<Ref<UINavigationItem>>& items() const { return items_; }
     enum class Change { None, Push, Pop };
-    /// Shows the items; with a change, the old ones slide out and fade over `duration` seconds.
-    void setItems(std::vector<Ref<UINavigationItem>> items, Change change, double duration);
+    /// Shows the items. With a change the title shown before stays, and the new one is not seen,
+    /// until `setChangeProgress` moves them.
+    void setItems(std::vector<Ref<UINavigationItem>> items, Change change);
+    /// From 0, the old title, to 1, the new one; in an animation block it moves there.
+    void setChangeProgress(double progress);
+    /// Takes the old title away.
+    void endChange();
     /// Called when the back button is tapped.
     void setBackHandler(std::function<void()> handler) { back_ = std::move(handler); }
     /// How far the bar's colour reaches up above its bounds, in points: under the status bar.
@@ -53,8 +57,10 @@ public:
 private:
     /// What is seen for one item.
     class Page;
-    void showTop(Change change, double duration);
     Ref<Page> makePage();
+    /// Shows what the top item says now, in the middle of a change too.
+    void refreshPage();
+    void watchTop();
     void colorBackground();
     void backTapped();
 
@@ -62,9 +68,12 @@ private:
     Ref<UIView> background_;
     Ref<UIView> line_;
     Ref<Page> page_;
+    /// The old page during a change, and how far it travels.
+    Ref<Page> leavingPage_;
+    double travel_ = 0;
+    double progress_ = 1;
     Ref<UIColor> barTintColor_;
-    Ref<UIColor> titleColor_;
-    Ref<UIFont> titleFont_;
+    Dictionary titleTextAttributes_ = Dictionary().copy();
     std::function<void()> back_;
     double topExtension_ = 0;
     bool translucent_ = true;

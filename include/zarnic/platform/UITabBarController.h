@@ -3,8 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UITabBarItem.h"
+#include "zarnic/platform/UITabBar.h"
 #include "zarnic/platform/UIViewController.h"
 
 namespace zn {
@@ -13,10 +12,9 @@ namespace zn {
 class ZN_EXPORT UITabBarController : public UIViewController {
     ZN_OBJECT(UITabBarController, UIViewController)
 public:
-    static constexpr double BarHeight = 49;
-
     UITabBarController();
     ~UITabBarController() override;
+    void init() override;
 
     const std::vector<Ref<UIViewController>>& viewControllers() const { return controllers_; }
     /// Selects the first.
@@ -26,7 +24,9 @@ public:
     void setSelectedIndex(std::size_t index);
     /// Null without controllers.
     Ref<UIViewController> selectedViewController() const;
-    const Ref<UIView>& tabBar() const { return bar_; }
+    const Ref<UITabBar>& tabBar() const { return bar_; }
+    /// While the selected navigation controller shows a screen that wants none.
+    bool isTabBarHidden() const { return barHidden_; }
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
@@ -39,18 +39,25 @@ public:
     std::int64_t preferredStatusBarUpdateAnimation() const override;
 
 private:
-    void tabTapped(const Ref<UIButton>& button);
-    void makeTabs();
+    friend class UINavigationController;
+    void showItems();
     void showSelected();
     void leave(const Ref<UIViewController>& controller);
-    void colorTabs();
+
+    /// Whether the selected controller wants the bar hidden.
+    bool tabBarHides() const;
+    /// Hides or shows the bar as the selected controller wants it, at its own place.
+    void updateTabBar();
+    /// Gives the bar to a view that moves it, and its room to the content, until `updateTabBar`.
+    void lendTabBar(const Ref<UIView>& borrower);
+    void layoutContent();
 
     std::vector<Ref<UIViewController>> controllers_;
-    std::vector<Ref<UIButton>> tabs_;
-    Ref<UIView> bar_;
-    Ref<UIView> line_;
+    Ref<UITabBar> bar_;
     Ref<UIView> content_;
     std::size_t selected_ = 0;
+    bool barHidden_ = false;
+    bool barLent_ = false;
     bool appearing_ = false;
     bool appeared_ = false;
 };

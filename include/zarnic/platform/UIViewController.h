@@ -55,16 +55,24 @@ public:
     Ref<UINavigationController> navigationController() const;
     Ref<UITabBarController> tabBarController() const;
 
-    // Presentation: covers the window from below. Without a window, or while something is presented
-    // already, nothing is shown but a line in the log, and the completion is not called.
+    // Presentation: covers the window from below. The topmost controller above this one presents,
+    // so that bars are covered, too. Without a window, while it presents something already, and for
+    // a controller that is in use elsewhere, nothing is shown but a line in the log, and the
+    // completion is not called. A presentation or dismissal that is under way is finished first.
+    // Each completion is called once, when the screen has come or gone.
     using Completion = std::function<void()>;
     /// Seconds.
     static constexpr double PresentationDuration = 0.4;
     virtual void presentViewController(const Ref<UIViewController>& controller, bool animated,
                                        Completion completion);
+    /// Takes away what this controller presents, with all that was presented on it; else this
+    /// controller itself, or the nearest one above it, where that is presented; else nothing.
     virtual void dismissViewControllerAnimated(bool animated, Completion completion);
-    Ref<UIViewController> presentedViewController() const { return presented_; }
-    Ref<UIViewController> presentingViewController() const { return presenting_.lock(); }
+    /// What this controller, or the nearest one above it that does so, presents; null for nothing.
+    Ref<UIViewController> presentedViewController() const;
+    /// Who presents this controller, or the nearest one above it that is presented; null for
+    /// nobody.
+    Ref<UIViewController> presentingViewController() const;
 
     // What is around it.
     const std::string& title() const { return title_; }
@@ -92,7 +100,13 @@ public:
 private:
     friend class UIView;
     friend class UIWindow;
+    struct Presentation;
+    const char* whyNotPresent(const Ref<UIViewController>& controller) const;
+    void presentHere(const Ref<UIViewController>& controller, bool animated, Completion completion);
     void dismissPresented(bool animated, Completion completion);
+    Ref<UIViewController> takePresented();
+    void move(const std::shared_ptr<Presentation>& presentation, bool animated, const Rect& place);
+    void finishPresentation();
 
     enum class Appearance { Disappeared, Appearing, Appeared, Disappearing };
 
@@ -101,6 +115,8 @@ private:
     std::vector<Ref<UIViewController>> children_;
     Ref<UIViewController> presented_;
     WeakRef<UIViewController> presenting_;
+    /// What comes or goes just now.
+    std::shared_ptr<Presentation> presentation_;
     Ref<UINavigationItem> navigationItem_;
     Ref<UITabBarItem> tabBarItem_;
     std::string title_;
