@@ -11,6 +11,9 @@
 using namespace zn;
 
 namespace gallery {
+
+ZN_REGISTER_CLASS(DevicePage);
+
 namespace {
 
 std::string number(double value) {

@@ -11,6 +11,9 @@
 using namespace zn;
 
 namespace gallery {
+
+ZN_REGISTER_CLASS(DrawingPage);
+
 namespace {
 
 constexpr double tileHeight = 92;

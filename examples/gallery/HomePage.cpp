@@ -9,6 +9,7 @@
 #include "ImagesPage.h"
 #include "LanguagePage.h"
 #include "NavigationPage.h"
+#include "RoutesPage.h"
 #include "RowList.h"
 #include "ScrollingPage.h"
 #include "ServicesPage.h"
@@ -51,6 +52,7 @@ void HomePage::build() {
             {"Language", "Switched while it runs", open([] { return make<LanguagePage>(); })},
             {"Services", "Bluetooth, the lock, fonts", open([] { return make<ServicesPage>(); })},
             {"Device", "The machine and its metrics", open([] { return make<DevicePage>(); })},
+            {"Routes", "By name, by URL, from below", open([] { return make<RoutesPage>(); })},
         }));
 }
 

@@ -8,6 +8,9 @@
 using namespace zn;
 
 namespace gallery {
+
+ZN_REGISTER_CLASS(NavigationPage);
+
 namespace {
 
 /// Calls the method unless the screen has gone.

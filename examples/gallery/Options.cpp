@@ -21,7 +21,7 @@ const std::string* valueOf(std::span<const std::string> arguments, std::size_t& 
                            std::optional<std::string>& error) {
     if (index + 1 < arguments.size())
         return &arguments[++index];
-    error = arguments[index] + " needs a name";
+    error = arguments[index] + " needs a value";
     return nullptr;
 }
 
@@ -29,6 +29,12 @@ void takePage(const std::string& name, ParsedOptions& parsed) {
     if (pageNamed(name) == nullptr)
         parsed.error = "there is no page " + name + "; --list names them";
     parsed.options.page = name;
+}
+
+void takeURL(const std::string& text, ParsedOptions& parsed) {
+    parsed.options.open = NSURL::URLWithString(text);
+    if (!parsed.options.open)
+        parsed.error = text + " is no URL";
 }
 
 void takeDevice(const std::string& name, ParsedOptions& parsed) {
@@ -51,6 +57,9 @@ void take(std::span<const std::string> arguments, std::size_t& index, ParsedOpti
     else if (argument == "--page") {
         if (const std::string* name = valueOf(arguments, index, parsed.error))
             takePage(*name, parsed);
+    } else if (argument == "--open") {
+        if (const std::string* url = valueOf(arguments, index, parsed.error))
+            takeURL(*url, parsed);
     } else if (argument == "--device") {
         if (const std::string* name = valueOf(arguments, index, parsed.error))
             takeDevice(*name, parsed);
@@ -83,9 +92,10 @@ ParsedOptions parseOptions(std::span<const std::string> arguments) {
 }
 
 std::string usage() {
-    return "usage: run [--list] [--page NAME] [--device NAME] [--shot | --window]\n"
+    return "usage: run [--list] [--page NAME] [--open URL] [--device NAME] [--shot | --window]\n"
            "  --list         name the pages and the devices\n"
            "  --page NAME    show this page only\n"
+           "  --open URL     open the screen that the URL names, as /DetailPage?id=7\n"
            "  --device NAME  on this device: " +
            deviceNames() +
            "\n"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zarnic/platform/NSURL.h>
 #include <zarnic/platform/UIScreen.h>
 
 #include <optional>
@@ -17,6 +18,8 @@ struct Options {
     bool help = false;
     /// Empty for all of them.
     std::string page;
+    /// The URL of a screen to open; null for none.
+    zn::Ref<zn::NSURL> open;
     zn::DeviceProfile device;
 };
 

@@ -13,6 +13,7 @@
 #include "ImagesPage.h"
 #include "LanguagePage.h"
 #include "NavigationPage.h"
+#include "RoutePages.h"
 #include "ScrollingPage.h"
 #include "ServicesPage.h"
 #include "TextPage.h"
@@ -160,10 +161,16 @@ Page language(const std::string& localization, std::string summary) {
             [] { return make<LanguagePage>(); }, pose,       leave};
 }
 
+std::vector<Page> withRoutes(std::vector<Page> all) {
+    const std::vector<Page> routes = routePages();
+    all.insert(all.end(), routes.begin(), routes.end());
+    return all;
+}
+
 }  // namespace
 
 const std::vector<Page>& pages() {
-    static const std::vector<Page> all{
+    static const std::vector<Page> all = withRoutes({
         plain<HomePage>("home", "Gallery", "the list of pages"),
         plain<ToastPage>("toast", "Toast", "messages of every kind"),
         toast("short", "a short message", ToastPage::shortText, false, false),
@@ -194,7 +201,7 @@ const std::vector<Page>& pages() {
         language("ar", "its texts in Arabic, from the right"),
         plain<ServicesPage>("services", "Services", "Bluetooth, the screen lock, a font of a file"),
         plain<DevicePage>("device", "Device", "the machine and its screen metrics"),
-    };
+    });
     return all;
 }
 

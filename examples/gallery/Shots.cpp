@@ -1,5 +1,6 @@
 #include "Shots.h"
 
+#include <zarnic/ZNControllerHelper.h>
 #include <zarnic/ZNNavigationController.h>
 #include <zarnic/platform/HeadlessHost.h>
 #include <zarnic/platform/ManualClock.h>
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "DetailPage.h"
 #include "HomePage.h"
 #include "Page.h"
 #include "Theme.h"
@@ -50,6 +52,7 @@ Shot shoot(const Page& page, HeadlessHost& host, ManualClock& clock) {
     const auto window = make<UIWindow>(UIScreen::mainScreen()->bounds());
     const auto screen = page.make();
     const auto navigation = make<ZNNavigationController>(make<HomePage>());
+    ZNControllerHelper::RegisterRootNavigationController(navigation);
     if (as<HomePage>(screen) == nullptr)
         navigation->pushViewController(screen, false);
     window->setRootViewController(navigation);
@@ -93,6 +96,25 @@ Ref<UIImage> contactSheet(const std::vector<Shot>& shots) {
     return sheet;
 }
 
+/// The screen that a URL names.
+int drawOpened(const Ref<NSURL>& url, HeadlessHost& host, ManualClock& clock,
+               const std::filesystem::path& path) {
+    bool opened = false;
+    const Page page{"open",
+                    "",
+                    "",
+                    [] { return make<HomePage>(); },
+                    [&](const Ref<PageController>&) {
+                        opened = openURL(url);
+                        return 1.0;
+                    },
+                    [] { return 0.0; }};
+    const Shot shot = shoot(page, host, clock);
+    if (!opened)
+        return 2;
+    return write(shot.picture, path) ? 0 : 1;
+}
+
 }  // namespace
 
 int drawShots(const Options& options) {
@@ -106,6 +128,8 @@ int drawShots(const Options& options) {
     std::filesystem::create_directories(folder, failure);
     std::vector<Shot> shots;
     bool written = true;
+    if (options.open)
+        return drawOpened(options.open, host, *clock, folder / "open.png");
     for (const Page& page : pages()) {
         if (!options.page.empty() && page.name != options.page)
             continue;

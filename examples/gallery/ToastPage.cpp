@@ -9,6 +9,8 @@ using namespace zn;
 
 namespace gallery {
 
+ZN_REGISTER_CLASS(ToastPage);
+
 void ToastPage::init() {
     PageController::init();
     setTitle("Toast");

@@ -1,3 +1,4 @@
+#include <zarnic/ZNControllerHelper.h>
 #include <zarnic/ZNNavigationController.h>
 #include <zarnic/platform/UIApplication.h>
 #include <zarnic/platform/UIFont.h>
@@ -8,6 +9,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "DetailPage.h"
 #include "HomePage.h"
 #include "Options.h"
 #include "Shots.h"
@@ -28,6 +30,7 @@ bool displayNamed() {
 
 Ref<UIViewController> rootFor(const Options& options) {
     const auto navigation = make<ZNNavigationController>(make<gallery::HomePage>());
+    ZNControllerHelper::RegisterRootNavigationController(navigation);
     const gallery::Page* page = gallery::pageNamed(options.page);
     if (page != nullptr && page->name != "home")
         navigation->pushViewController(page->make(), false);
@@ -37,6 +40,8 @@ Ref<UIViewController> rootFor(const Options& options) {
 int runWindow(SdlHost& host, const Options& options) {
     const auto window = make<UIWindow>(UIScreen::mainScreen()->bounds());
     window->setRootViewController(rootFor(options));
+    if (options.open && !gallery::openURL(options.open))
+        return 2;
     window->makeKeyAndVisible();
     UIApplication::sharedApplication()->setShowsKeyboardPanel(!options.device.tablet);
     host.run();

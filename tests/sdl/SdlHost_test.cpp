@@ -111,6 +111,30 @@ TEST_F(GalleryWindow, ADragScrollsAndFliesOn) {
     expectShows("scrolling-end");
 }
 
+TEST_F(GalleryWindow, ADragFromTheLeftEdgeGoesBack) {
+    open("navigation");
+    expectShows("navigation");
+    const auto across = [&](double from, double to) {
+        const Point origin = windowOrigin();
+        display_.dragAcross(static_cast<int>(origin.x + from * scale),
+                            static_cast<int>(origin.x + to * scale),
+                            static_cast<int>(origin.y + 560 * scale));
+    };
+    across(60, 330);
+    expectShows("navigation");
+    across(3, 330);
+    expectShows("home");
+}
+
+TEST(GalleryProgram, OpensAScreenByItsURL) {
+    const std::string begin = "cd $(mktemp -d) && " + std::string(ZARNIC_GALLERY) + " --shot ";
+    EXPECT_EQ(runCommand(begin + "--open 'app:///DetailPage.page?id=7'").output,
+              "out/gallery/open.png\n");
+    const CommandResult nothing = runCommand(begin + "--open /Nowhere");
+    EXPECT_EQ(nothing.status, 2);
+    EXPECT_NE(nothing.output.find("nothing opens at /Nowhere"), std::string::npos);
+}
+
 TEST(GalleryProgram, FallsBackToPicturesWithOneLineWhenThereIsNoDisplay) {
     const std::string begin = "cd $(mktemp -d) && " + std::string(ZARNIC_GALLERY);
     const std::vector<std::string> noDisplay{"DISPLAY=:65535",
@@ -130,7 +154,9 @@ TEST(GalleryProgram, WrongArgumentsGetAClearErrorAndTheUsage) {
         std::string error;
     } cases[] = {
         {"--pages", "unknown argument --pages"},
-        {"--page", "--page needs a name"},
+        {"--page", "--page needs a value"},
+        {"--open", "--open needs a value"},
+        {"--open 'no url'", "no url is no URL"},
         {"--page nowhere", "there is no page nowhere"},
         {"--device toaster", "there is no device toaster"},
         {"home", "unknown argument home"},

@@ -88,4 +88,15 @@ void VirtualDisplay::drag(int x, int fromY, int toY, double seconds) const {
     runCommand(command + " mouseup 1", {"DISPLAY=" + name_});
 }
 
+void VirtualDisplay::dragAcross(int fromX, int toX, int y) const {
+    constexpr int steps = 12;
+    const auto place = [&](int x) {
+        return " mousemove " + std::to_string(x) + " " + std::to_string(y);
+    };
+    std::string command = "xdotool" + place(fromX) + " mousedown 1";
+    for (int step = 1; step <= steps; ++step)
+        command += " sleep 0.02" + place(fromX + (toX - fromX) * step / steps);
+    runCommand(command + " sleep 0.02 mouseup 1", {"DISPLAY=" + name_});
+}
+
 }  // namespace zn

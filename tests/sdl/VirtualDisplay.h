@@ -30,6 +30,8 @@ public:
     void setClipboard(const std::string& text) const;
     /// The mouse goes up or down in even steps with its button pressed, in about this time.
     void drag(int x, int fromY, int toY, double seconds) const;
+    /// The mouse goes from one place to another beside it in small steps, its button held down.
+    void dragAcross(int fromX, int toX, int y) const;
 
 private:
     TemporaryFolder folder_;
