@@ -57,10 +57,12 @@ void ModelPlan::addTarget(const Class& type, const Property& property) {
 }
 
 const ModelPlan& ModelPlan::of(const Class& type) {
-    thread_local const Class* lastType = nullptr;
-    thread_local const ModelPlan* lastPlan = nullptr;
-    if (lastType == &type)
-        return *lastPlan;
+    thread_local struct {
+        const Class* type;
+        const ModelPlan* plan;
+    } last;
+    if (last.type == &type)
+        return *last.plan;
     auto& known = allPlans();
     const ModelPlan* found = nullptr;
     {
@@ -73,8 +75,7 @@ const ModelPlan& ModelPlan::of(const Class& type) {
         const std::unique_lock guard(known.mutex);
         found = known.plans.try_emplace(&type, std::move(made)).first->second.get();
     }
-    lastType = &type;
-    lastPlan = found;
+    last = {&type, found};
     return *found;
 }
 
@@ -87,6 +88,26 @@ std::size_t ModelPlan::findWithoutCase(std::string_view key) const {
         return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
     return lowercaseNames_.find({lowercase, key.size()});
+}
+
+Spellings& Spellings::of(const Class& type) {
+    thread_local Spellings spellings;
+    if (spellings.type_ != &type) {
+        spellings.type_ = &type;
+        spellings.plan_ = &ModelPlan::of(type);
+        spellings.known_.clear();
+    }
+    return spellings;
+}
+
+std::size_t Spellings::learn(std::size_t position, std::string_view key) {
+    constexpr std::size_t mostRemembered = 64;
+    const std::size_t name = plan_->findWithoutCase(key);
+    if (position == known_.size() && position < mostRemembered)
+        known_.emplace_back();
+    if (position < known_.size())
+        known_[position] = {std::string(key), name};
+    return name;
 }
 
 }  // namespace zn

@@ -45,4 +45,31 @@ private:
     KeyTable lowercaseNames_;
 };
 
+/// How the keys of the dictionary before were spelled, in their order, and what they meant to the
+/// class. Dictionaries of one origin spell alike, and comparing is faster than matching.
+class Spellings {
+public:
+    /// Those of this thread, for the class.
+    static Spellings& of(const Class& type);
+
+    const ModelPlan& plan() const { return *plan_; }
+    /// The same as the plan's `findWithoutCase` for the key at this position.
+    std::size_t find(std::size_t position, std::string_view key) {
+        if (position < known_.size() && known_[position].key == key)
+            return known_[position].name;
+        return learn(position, key);
+    }
+
+private:
+    struct Spelling {
+        std::string key;
+        std::size_t name = KeyTable::notFound;
+    };
+    std::size_t learn(std::size_t position, std::string_view key);
+
+    const Class* type_ = nullptr;
+    const ModelPlan* plan_ = nullptr;
+    std::vector<Spelling> known_;
+};
+
 }  // namespace zn

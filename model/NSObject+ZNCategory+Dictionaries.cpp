@@ -62,9 +62,10 @@ Value dictionaryOf(const NSObject& object) {
     // On purpose only the properties of the object's own class.
     const auto& sources = plan.sources();
     Row<Value> row(sources.size());
+    const auto values = row.values();
     for (std::size_t index = 0; index < sources.size(); ++index)
-        row.values()[index] = entryOf(sources[index]->get(object), type);
-    return ContainerFiller::immutableDictionary(plan.sourceNames(), row.values());
+        values[index] = entryOf(sources[index]->get(object), type);
+    return ContainerFiller::immutableDictionary(plan.sourceNames(), values);
 }
 
 /// The elements for a property: models of the class that the whole call was given, since the type
@@ -110,15 +111,18 @@ void fill(NSObject& object, const ModelPlan::Target& target, const Value& value,
 }
 
 void fillAll(NSObject& object, const Dictionary& dictionary, const Value& className) {
-    const ModelPlan& plan = ModelPlan::of(object.runtimeClass());
-    Row<const Value*> byName(plan.lowercaseNames().count());
-    for (const auto& [key, value] : dictionary) {
-        const std::size_t name = plan.findWithoutCase(key);
-        if (name != KeyTable::notFound)
-            byName.values()[name] = &value;
-    }
+    auto& spellings = Spellings::of(object.runtimeClass());
+    const ModelPlan& plan = spellings.plan();
+    Row<const Value*> row(plan.lowercaseNames().count());
+    const auto byName = row.values();
+    ContainerFiller::forEach(dictionary,
+                             [&](std::size_t position, std::string_view key, const Value& value) {
+                                 const std::size_t name = spellings.find(position, key);
+                                 if (name != KeyTable::notFound)
+                                     byName[name] = &value;
+                             });
     for (const ModelPlan::Target& target : plan.targets())
-        if (const Value* value = byName.values()[target.name])
+        if (const Value* value = byName[target.name])
             fill(object, target, *value, className);
 }
 

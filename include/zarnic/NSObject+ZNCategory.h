@@ -89,7 +89,8 @@ ZN_EXPORT Ref<NSObject> ZN_DictionaryToObject(const Value& dictionary, const Val
 /// The same for a class that the program knows: `ZN_DictionaryToObject<User>(dictionary)`.
 template <class T>
 Ref<T> ZN_DictionaryToObject(const Value& dictionary) {
-    return as<T>(ZN_DictionaryToObject(dictionary, T::staticClass().name()));
+    static const Value className = T::staticClass().name();
+    return std::dynamic_pointer_cast<T>(ZN_DictionaryToObject(dictionary, className));
 }
 
 /// A new mutable dictionary with the keys in small letters, by full Unicode mapping; those of

@@ -52,10 +52,16 @@ Class& Class::define(std::string_view name, const Class* superclass, Factory fac
 }
 
 const Class* Class::named(std::string_view name) {
+    // A name never comes to mean another class, and is often asked for again.
+    thread_local const Class* last = nullptr;
+    if (last != nullptr && last->name() == name)
+        return last;
     auto& known = registry();
     std::shared_lock guard(known.mutex);
     const auto found = known.classes.find(name);
-    return found == known.classes.end() ? nullptr : found->second;
+    if (found == known.classes.end())
+        return nullptr;
+    return last = found->second;
 }
 
 const std::string& Class::name() const {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <span>
+#include <utility>
 
 #include "platform/foundation/ValueBlocks.h"
 
 namespace zn {
 
-/// Makes containers that are filled after others already refer to them, immutable ones included.
+/// The insides of containers, for those who make immutable ones piece by piece (others may already
+/// refer to them) or read many.
 class ContainerFiller {
 public:
     static Array array(Mutability form);
@@ -19,6 +21,16 @@ public:
     static void set(const Dictionary& dictionary, std::string_view key, Value value);
     /// Empties the container, so that circles through it end.
     static void clear(const Value& container);
+
+    /// Calls `visit(position, key, value)` for the entries in their order.
+    template <class Visit>
+    static void forEach(const Dictionary& dictionary, const Visit& visit) {
+        const auto& storage = *dictionary.storage_;
+        const std::size_t slots = storage.slots();
+        for (std::size_t slot = 0; slot < slots; ++slot)
+            if (!storage.values[slot].absent())
+                visit(slot, storage.keys[slot], std::as_const(storage.values[slot]));
+    }
 
     /// The same for all that share the container.
     static const void* identity(const Value& container);

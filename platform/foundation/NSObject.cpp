@@ -19,25 +19,30 @@ struct DeadObject {
     DeadObject* next;
 };
 
-thread_local int teardownDepth = 0;
-thread_local DeadObject* deadObjects = nullptr;
+struct Teardown {
+    int depth = 0;
+    DeadObject* waiting = nullptr;
+};
+thread_local constinit Teardown threadTeardown;
 
 }  // namespace
 
 void detail::destroyObject(void* object, void (*destroy)(void*) noexcept) noexcept {
-    if (teardownDepth == maximumTeardownDepth) {
-        if (auto* waiting = new (std::nothrow) DeadObject{object, destroy, deadObjects}) {
-            deadObjects = waiting;
+    Teardown& teardown = threadTeardown;
+    if (teardown.depth == maximumTeardownDepth) {
+        if (auto* waiting = new (std::nothrow) DeadObject{object, destroy, teardown.waiting}) {
+            teardown.waiting = waiting;
             return;
         }
     }
-    ++teardownDepth;
+    ++teardown.depth;
     destroy(object);
-    while (teardownDepth == 1 && deadObjects != nullptr) {
-        const std::unique_ptr<DeadObject> next(std::exchange(deadObjects, deadObjects->next));
+    while (teardown.depth == 1 && teardown.waiting != nullptr) {
+        const std::unique_ptr<DeadObject> next(
+            std::exchange(teardown.waiting, teardown.waiting->next));
         next->destroy(next->object);
     }
-    --teardownDepth;
+    --teardown.depth;
 }
 
 /// What few objects need, made on first use: associated values and the lock.
