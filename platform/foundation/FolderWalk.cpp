@@ -78,7 +78,7 @@ bool FolderWalk::list(Level& level) {
 }
 
 void FolderWalk::meet(Level& level, const char* name, unsigned char type) {
-    mode_t mode = DTTOIF(type);
+    auto mode = static_cast<mode_t>(DTTOIF(type));
     if (type == DT_UNKNOWN) {
         struct stat status = {};
         if (fstatat(level.file.number(), name, &status, AT_SYMLINK_NOFOLLOW) != 0)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -126,9 +127,9 @@ private:
         const auto real = std::bit_cast<double>(*bits);
         if (marker == doubleMarker)
             return real;
-        return marker == dateMarker
-                   ? NSDate::dateWithTimeIntervalSince1970(real + secondsFrom1970To2001)
-                   : Value();
+        if (marker != dateMarker || std::isnan(real))
+            return {};
+        return NSDate::dateWithTimeIntervalSince1970(real + secondsFrom1970To2001);
     }
 
     /// Sizes below eight bytes are unsigned; of sixteen bytes the upper ones only carry the sign.

@@ -1,6 +1,7 @@
 #include "platform/foundation/PropertyListGraph.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "zarnic/platform/NSDate.h"
@@ -22,7 +23,9 @@ const Value* identity(const Value& container) {
 }
 
 bool isAllowedLeaf(const Value& value) {
-    return value.isNumber() || value.isData() || value.object<NSDate>() != nullptr;
+    if (const auto date = value.object<NSDate>())
+        return !std::isnan(date->timeIntervalSince1970());
+    return value.isNumber() || value.isData();
 }
 
 std::uint64_t saturatingSum(std::uint64_t left, std::uint64_t right) {

@@ -31,7 +31,8 @@ public:
     };
 
     /// Nothing for a value that holds what no property list may (an absent value, the null object,
-    /// objects but dates, texts that are not UTF-8), that nests too deep or that holds itself.
+    /// objects but dates, dates that are no number, texts that are not UTF-8), that nests too deep
+    /// or that holds itself.
     static std::optional<PropertyListGraph> of(const Value& root);
 
     const std::vector<Node>& nodes() const { return nodes_; }
