@@ -51,7 +51,7 @@ std::vector<std::string> convertCommand() {
               std::string(")")})
             command.push_back(part);
     }
-    command.emplace_back("null:");
+    command.insert(command.end(), {"mpr:source", "null:"});
     return command;
 }
 
@@ -63,9 +63,8 @@ bool iconsPeer() {
     arguments.push_back(nullptr);
     pid_t child = 0;
     int status = 1;
-    // It ends with an error for want of a last picture; what counts are the files.
     return posix_spawn(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) == 0 &&
-           waitpid(child, &status, 0) == child;
+           waitpid(child, &status, 0) == child && status == 0;
 }
 
 double meanGray(const QImage& image) {

@@ -14,7 +14,7 @@ using namespace zn;
 namespace gallery {
 namespace {
 
-constexpr double swatchHeight = 56;
+constexpr double swatchHeight = 52;
 constexpr std::size_t patchCount = 8;
 
 /// The colour with its text on it, in what can be read there.
@@ -22,14 +22,14 @@ Ref<UIView> swatch(const char* text, double width) {
     const auto color = ZN_ColorWithHexString(text);
     auto view = ZN_ViewWithColor(color, {0, 0, width, swatchHeight});
     view->layer()->setCornerRadius(10);
-    const bool translucent = zn_GetAlpha(color) < 0.5;
+    const bool translucent = zn_GetAlpha(color) < 0.6;
     const auto ink = ZN_IsLightColor(color) || translucent ? theme::ink() : UIColor::whiteColor();
     char reading[64];
     std::snprintf(reading, sizeof reading, "%s, alpha %.2f",
                   ZN_IsLightColor(color) ? "light" : "dark", zn_GetAlpha(color));
     view->addSubview(theme::label(text, UIFont::systemFontOfSize(16, UIFontWeight::Semibold), ink,
-                                  {theme::padding, 9}, width - 2 * theme::padding));
-    view->addSubview(theme::label(reading, theme::note(), ink, {theme::padding, 31},
+                                  {theme::padding, 7}, width - 2 * theme::padding));
+    view->addSubview(theme::label(reading, theme::note(), ink, {theme::padding, 29},
                                   width - 2 * theme::padding));
     return view;
 }
@@ -49,7 +49,7 @@ void ColorsPage::init() {
 
 void ColorsPage::build() {
     addHeading("TEXTS TO COLOURS");
-    for (const char* text : {"#2660E0", "0xFFF8AA3C", "#80B3261E", "EAF2FF"})
+    for (const char* text : {"#2660E0", "0xFFF8AA3C", "#80B3261E"})
         add(swatch(text, contentWidth()));
     addReading();
     addRandom();

@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 
+#include "CodesPage.h"
 #include "RowList.h"
 #include "Theme.h"
 #include "Tiles.h"
@@ -87,18 +88,14 @@ void ImagesPage::addOperations(const Ref<UIImage>& source) {
 }
 
 void ImagesPage::addCaptures() {
+    constexpr double height = 130;
     const double width = tileWidth(contentWidth(), 2) - 2 * theme::gap;
-    const auto rows = make<RowList>(
-        Point{}, 300, std::vector<Row>{{"A list", "captured", {}}, {"Row", "two", {}}});
-    const auto sheet = make<UIView>(Rect(0, 0, 320, rows->bounds().height() + 20));
-    sheet->setBackgroundColor(theme::background());
-    rows->setFrame(Rect({10, 10}, rows->bounds().size));
-    sheet->addSubview(rows);
+    const auto page = make<CodesPage>()->view();
+    const Rect code(theme::margin, 148, tileWidth(contentWidth(), 2), 158);
     addHeading("CAPTURED, CROPPED");
-    add(tileRow(
-        contentWidth(), viewHeight,
-        {{fitted(ZN_CapturedView(sheet), {width, viewHeight}), "A view"},
-         {fitted(ZN_Captured(sheet, {10, 10, 150, 54}), {width, viewHeight}), "A part of it"}}));
+    add(tileRow(contentWidth(), height,
+                {{fitted(ZN_CapturedView(page), {width, height}), "A page"},
+                 {fitted(ZN_Captured(page, code), {width, height}), "A part of it"}}));
 }
 
 void ImagesPage::addIcons(const Ref<UIImage>& source) {
