@@ -51,7 +51,8 @@ std::vector<std::string> convertCommand() {
               std::string(")")})
             command.push_back(part);
     }
-    command.insert(command.end(), {"mpr:source", "null:"});
+    command.emplace_back("mpr:source");
+    command.emplace_back("null:");
     return command;
 }
 
