@@ -29,6 +29,8 @@ void Container::appendCopies(std::span<const Value> originals) {
 }
 
 void Container::appendMoved(std::span<Value> originals) noexcept {
+    if (originals.empty())
+        return;
     // A value may move by its bytes; all zeros are an absent one.
     std::memcpy(static_cast<void*>(values + count), originals.data(), originals.size_bytes());
     std::memset(static_cast<void*>(originals.data()), 0, originals.size_bytes());
