@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "platform/foundation/ValueBlocks.h"
 #include "zarnic/platform/NSException.h"
 #include "zarnic/platform/NSString.h"
 
@@ -14,12 +15,12 @@ namespace {
     throw NSException(NSInvalidArgumentException, std::string(what) + " is not valid UTF-8");
 }
 
-Value text(sqlite3_value* value) {
+Value text(sqlite3_value* value, ValuePool& pool) {
     const auto* start = reinterpret_cast<const char*>(sqlite3_value_text(value));
     const std::string_view text(start == nullptr ? "" : start);
     if (!isValidUTF8(text))
         throwInvalid("a text of the database");
-    return text;
+    return ValueBlocks::text(text, pool);
 }
 
 /// The pointer is asked for before the size, since asking may convert.
@@ -27,22 +28,6 @@ Value blob(sqlite3_value* value) {
     const auto* start = static_cast<const std::byte*>(sqlite3_value_blob(value));
     const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
     return Value::data({start, size});
-}
-
-/// Absent for NULL.
-Value valueOf(sqlite3_value* value) {
-    switch (sqlite3_value_type(value)) {
-        case SQLITE_INTEGER:
-            return sqlite3_value_int64(value);
-        case SQLITE_FLOAT:
-            return sqlite3_value_double(value);
-        case SQLITE_TEXT:
-            return text(value);
-        case SQLITE_BLOB:
-            return blob(value);
-        default:
-            return {};
-    }
 }
 
 /// SQLite's own lock of a connection for a scope; recursive.
@@ -62,12 +47,12 @@ private:
 }  // namespace
 
 /// The lock of SQLite's own is held over a row, so that its values may be read without one each.
-std::optional<Dictionary> RowReader::next() {
+Value RowReader::next() {
     if (statement_ == nullptr)
-        return std::nullopt;
+        return {};
     const ConnectionLock lock(sqlite3_db_handle(statement_));
     if (sqlite3_step(statement_) != SQLITE_ROW)
-        return std::nullopt;
+        return {};
     // Not earlier: the first step prepares the statement anew when the tables have changed.
     if (places_.empty())
         readColumns();
@@ -83,16 +68,32 @@ void RowReader::readColumns() {
     values_.resize(keys_.count());
 }
 
-Dictionary RowReader::readRow() {
+Value RowReader::readRow() {
     for (std::size_t column = 0; column < places_.size(); ++column) {
-        Value value = valueOf(sqlite3_column_value(statement_, static_cast<int>(column)));
+        Value value = read(sqlite3_column_value(statement_, static_cast<int>(column)));
         if (value.absent())
             continue;
         if (places_[column] == KeyTable::notFound)
             throwInvalid("the name of a column");
         values_[places_[column]] = std::move(value);
     }
-    return {keys_, values_};
+    return ValueBlocks::row(keys_, values_, pool_);
+}
+
+/// Absent for NULL.
+Value RowReader::read(sqlite3_value* value) {
+    switch (sqlite3_value_type(value)) {
+        case SQLITE_INTEGER:
+            return sqlite3_value_int64(value);
+        case SQLITE_FLOAT:
+            return sqlite3_value_double(value);
+        case SQLITE_TEXT:
+            return text(value, pool_);
+        case SQLITE_BLOB:
+            return blob(value);
+        default:
+            return {};
+    }
 }
 
 }  // namespace zn

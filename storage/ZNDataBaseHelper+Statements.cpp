@@ -13,8 +13,8 @@ bool runStatement(std::string_view sql, std::span<const Value> parameters, Take 
         return false;
     statement.bind(parameters);
     RowReader reader(statement.handle());
-    while (const auto row = reader.next())
-        take(*row);
+    for (Value row = reader.next(); !row.absent(); row = reader.next())
+        take(std::move(row));
     return true;
 }
 
@@ -23,7 +23,7 @@ bool runStatement(std::string_view sql, std::span<const Value> parameters, Take 
 std::optional<Array> ZNDataBaseHelper::QueryWithSQL(std::string_view sql,
                                                     std::span<const Value> parameters) {
     Array rows;
-    if (!runStatement(sql, parameters, [&rows](const Dictionary& row) { rows.add(row); }))
+    if (!runStatement(sql, parameters, [&rows](Value row) { rows.add(std::move(row)); }))
         return std::nullopt;
     return rows;
 }
@@ -34,7 +34,7 @@ std::optional<Array> ZNDataBaseHelper::QueryWithSQL(std::string_view sql) {
 
 /// The rows are made here as well, so that an invalid text raises here as well.
 int ZNDataBaseHelper::ExecuteWithSQL(std::string_view sql, std::span<const Value> parameters) {
-    return runStatement(sql, parameters, [](const Dictionary&) {}) ? 0 : 1;
+    return runStatement(sql, parameters, [](const Value&) {}) ? 0 : 1;
 }
 
 int ZNDataBaseHelper::ExecuteWithSQL(std::string_view sql) {

@@ -121,4 +121,12 @@ Value ValueBlocks::dictionary(const KeyTable& keys, std::span<Value> values, Mut
     return result;
 }
 
+Value ValueBlocks::row(const KeyTable& keys, std::span<Value> values, ValuePool& pool) {
+    const auto absent = std::ranges::count_if(values, &Value::absent);
+    Value row = dictionary(keys, values, Mutability::Mutable, pool);
+    auto* storage = static_cast<Dictionary::Storage*>(row.payload<detail::Counted*>());
+    storage->present -= static_cast<std::size_t>(absent);
+    return row;
+}
+
 }  // namespace zn

@@ -82,6 +82,8 @@ struct ValueBlocks {
     /// The values are moved from; they are as many as the keys, and all present.
     static Value dictionary(const KeyTable& keys, std::span<Value> values, Mutability form,
                             ValuePool& pool);
+    /// The same, mutable; absent values leave their keys out.
+    static Value row(const KeyTable& keys, std::span<Value> values, ValuePool& pool);
     static void destroy(Container* container) noexcept;
 };
 

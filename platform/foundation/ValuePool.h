@@ -39,12 +39,17 @@ private:
     /// Small enough that a value which outlives its neighbours keeps little alive.
     static constexpr std::size_t chunkSize = 32704;
     static constexpr std::size_t maximumSize = 4096;
+    /// Once a pool has given this many chunks, 4 MB, it goes on with large ones of the size of the
+    /// processor's large pages: pages of 4 KB would then cost more than all else that is done with
+    /// the values.
+    static constexpr std::size_t smallChunks = 128;
+    static constexpr std::size_t largeChunkSize = 2 * 1024 * 1024;
 
     void* allocate(std::size_t size) {
         const std::size_t rounded = (size + 7) & ~std::size_t{7};
         if (room_ < rounded)
             startChunk();
-        lastOffset_ = static_cast<std::uint32_t>(chunkSize - room_);
+        lastOffset_ = static_cast<std::uint32_t>(chunkEnd_ - room_);
         room_ -= rounded;
         ++given_;
         return reinterpret_cast<std::byte*>(chunk_) + lastOffset_;
@@ -53,7 +58,9 @@ private:
     void seal() noexcept;
 
     Chunk* chunk_ = nullptr;
+    std::size_t chunkEnd_ = 0;
     std::size_t room_ = 0;
+    std::size_t chunks_ = 0;
     std::uint32_t given_ = 0;
     std::uint32_t lastOffset_ = 0;
 };
