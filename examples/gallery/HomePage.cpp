@@ -10,6 +10,7 @@
 #include "LanguagePage.h"
 #include "NavigationPage.h"
 #include "RoutesPage.h"
+#include "NotesPage.h"
 #include "RowList.h"
 #include "ScrollingPage.h"
 #include "ServicesPage.h"
@@ -51,6 +52,7 @@ void HomePage::build() {
              open([] { return make<ScrollingPage>(); })},
             {"Language", "Switched while it runs", open([] { return make<LanguagePage>(); })},
             {"Services", "Bluetooth, the lock, fonts", open([] { return make<ServicesPage>(); })},
+            {"Notes", "A list kept in the database", open([] { return make<NotesPage>(); })},
             {"Device", "The machine and its metrics", open([] { return make<DevicePage>(); })},
             {"Routes", "By name, by URL, from below", open([] { return make<RoutesPage>(); })},
         }));

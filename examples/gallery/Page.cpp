@@ -26,10 +26,17 @@ void PageController::viewDidLoad() {
     view()->setBackgroundColor(theme::background());
     content_ = make<Column>(view()->bounds());
     view()->addSubview(content_);
+    rebuild();
+}
+
+void PageController::rebuild() {
+    while (!content_->subviews().empty())
+        content_->subviews().back()->removeFromSuperview();
     // A screen without a bar reaches up under the status bar.
     const double top = navigationBarHide() ? UIScreen::mainScreen()->profile().statusBarHeight : 0;
     bottom_ = top + theme::margin;
     build();
+    view()->setNeedsLayout();
 }
 
 void PageController::viewDidLayoutSubviews() {

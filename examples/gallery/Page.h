@@ -20,8 +20,10 @@ public:
     void showEnd();
 
 protected:
-    /// Fills the column; called once.
+    /// Fills the column; called once, and again by `rebuild`.
     virtual void build() {}
+    /// Empties the column and fills it anew.
+    void rebuild();
 
     double contentWidth();
     void addText(std::string_view text);

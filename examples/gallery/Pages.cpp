@@ -14,6 +14,7 @@
 #include "LanguagePage.h"
 #include "NavigationPage.h"
 #include "RoutePages.h"
+#include "NotesPage.h"
 #include "ScrollingPage.h"
 #include "ServicesPage.h"
 #include "TextPage.h"
@@ -125,6 +126,17 @@ Page pushed(const std::string& name, std::string summary, void (NavigationPage::
             [] { return settled; }};
 }
 
+/// The note at the top of the list.
+Page openNote() {
+    const auto pose = [](const Ref<PageController>& page) {
+        as<NotesPage>(page)->openFirst();
+        return settled;
+    };
+    return {
+        "notes-open",          "Notes", "one of the notes", [] { return make<NotesPage>(); }, pose,
+        [] { return settled; }};
+}
+
 /// The text page after something was done there, without the toast or with one.
 Page text(const std::string& name, std::string summary, void (TextPage::*act)(), bool toasts) {
     const auto pose = [act, toasts](const Ref<PageController>& page) {
@@ -200,6 +212,8 @@ const std::vector<Page>& pages() {
         language("zh-Hans", "its texts in Chinese"),
         language("ar", "its texts in Arabic, from the right"),
         plain<ServicesPage>("services", "Services", "Bluetooth, the screen lock, a font of a file"),
+        plain<NotesPage>("notes", "Notes", "a list kept in the database"),
+        openNote(),
         plain<DevicePage>("device", "Device", "the machine and its screen metrics"),
     });
     return all;
