@@ -52,12 +52,6 @@ void requireSame(bool same) {
     }
 }
 
-std::string withoutEscapedSlashes(std::string text) {
-    for (std::size_t at = 0; (at = text.find("\\/", at)) != std::string::npos;)
-        text.erase(at, 1);
-    return text;
-}
-
 /// Everybody has read the same: what ours writes is what the peer reads from the text itself.
 void requireSameTrees() {
     static const bool once = [] {
@@ -101,8 +95,10 @@ void readJson_Qt(benchmark::State& state) {
 
 void stripJson_Zarnic(benchmark::State& state) {
     const Value value = readOurs();
-    requireSame(withoutEscapedSlashes(zn_convertToJsonString(value).value()) ==
-                strippedRapidJson(readRapidJson<rapidjson::kParseFullPrecisionFlag>()));
+    // Not letter by letter: RapidJSON leaves slashes as they are, and some reals a digit too long.
+    requireSame(nlohmann::json::parse(zn_convertToJsonString(value).value()) ==
+                nlohmann::json::parse(
+                    strippedRapidJson(readRapidJson<rapidjson::kParseFullPrecisionFlag>())));
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(zn_convertToJsonString(value));
 }
