@@ -26,7 +26,7 @@ public:
     template <class Visit>
     static void forEach(const Dictionary& dictionary, const Visit& visit) {
         const auto& storage = *dictionary.storage_;
-        const std::size_t slots = storage.slots();
+        const std::size_t slots = storage.count;
         for (std::size_t slot = 0; slot < slots; ++slot)
             if (!storage.values[slot].absent())
                 visit(slot, storage.keys[slot], std::as_const(storage.values[slot]));
