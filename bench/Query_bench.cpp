@@ -39,6 +39,26 @@ Totals readWithC(sqlite3* connection) {
     return totals;
 }
 
+/// The same without knowing the types: each column is asked for its own.
+Totals readByTypeWithC(sqlite3* connection) {
+    Totals totals;
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(connection, bench::selectItems, -1, &statement, nullptr);
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+            const int type = sqlite3_column_type(statement, column);
+            if (type == SQLITE_INTEGER)
+                totals.integers += sqlite3_column_int64(statement, column);
+            else if (type == SQLITE_FLOAT)
+                totals.reals += sqlite3_column_double(statement, column);
+            else
+                totals.characters += textOf(statement, column).size();
+        }
+    }
+    sqlite3_finalize(statement);
+    return totals;
+}
+
 using Field = std::variant<std::monostate, std::int64_t, double, std::string>;
 using Fields = std::map<std::string, Field>;
 
@@ -118,6 +138,13 @@ void QueryRows_C(benchmark::State& state) {
         benchmark::DoNotOptimize(readWithC(connection));
 }
 BENCHMARK(QueryRows_C)->Unit(benchmark::kMillisecond);
+
+void QueryRows_CByType(benchmark::State& state) {
+    sqlite3* const connection = store().connection();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(readByTypeWithC(connection));
+}
+BENCHMARK(QueryRows_CByType)->Unit(benchmark::kMillisecond);
 
 void QueryRows_SQLiteCpp(benchmark::State& state) {
     SQLite::Database database(store().path());
