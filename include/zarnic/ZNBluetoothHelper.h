@@ -45,16 +45,24 @@ private:
     Ref<NSPointerArray> observes_;
 };
 
+namespace detail {
+/// Classes are made without the methods that are found by name only.
+template <class T>
+bool publishBluetoothObserver() {
+    const_cast<Class&>(T::staticClass())
+        .addMethod("ZNBluetoothHelperDelegateStatus",
+                   [](NSObject& receiver, const Ref<NSObject>& status) {
+                       dynamic_cast<T&>(receiver).ZNBluetoothHelperDelegateStatus(
+                           static_cast<const NSNumber&>(*status).boolValue());
+                   });
+    return true;
+}
+}  // namespace detail
+
 }  // namespace zn
 
 /// In a source file: publishes `void Type::ZNBluetoothHelperDelegateStatus(bool status)`, which is
 /// how the helper finds it.
-#define ZN_BLUETOOTH_OBSERVER(Type)                                                             \
-    [[maybe_unused]] static const bool zn_bluetoothObserver_##Type =                            \
-        (::zn::Class::define(#Type, Type::staticClass().superclass(), {})                       \
-             .addMethod("ZNBluetoothHelperDelegateStatus",                                      \
-                        [](::zn::NSObject& receiver, const ::zn::Ref<::zn::NSObject>& status) { \
-                            dynamic_cast<Type&>(receiver).ZNBluetoothHelperDelegateStatus(      \
-                                static_cast<const ::zn::NSNumber&>(*status).boolValue());       \
-                        }),                                                                     \
-         true)
+#define ZN_BLUETOOTH_OBSERVER(Type)                                  \
+    [[maybe_unused]] static const bool zn_bluetoothObserver_##Type = \
+        ::zn::detail::publishBluetoothObserver<Type>()

@@ -123,7 +123,10 @@ std::string languageTag(std::string_view locale) {
     const std::string_view modifier = at == locale.npos ? "" : locale.substr(at + 1);
     const std::string canonical = asked(uloc_canonicalize, std::string(name));
     const std::string language = asked(uloc_getLanguage, canonical);
-    if (name == "C" || name == "POSIX" || language.size() < 2)
+    const bool isLanguage = language.size() >= 2 && std::ranges::all_of(language, [](char each) {
+                                return each >= 'a' && each <= 'z';
+                            });
+    if (name == "C" || name == "POSIX" || !isLanguage)
         return {};
     std::string script = asked(uloc_getScript, canonical);
     if (modifier == "latin")

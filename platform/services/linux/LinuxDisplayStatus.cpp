@@ -20,6 +20,20 @@ constexpr BusMethod saverQuestions[] = {
     {"org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver", "GetActive"},
 };
 
+constexpr BusMethod sessionQuestion = {login, "/org/freedesktop/login1",
+                                       "org.freedesktop.login1.Manager", "GetSession"};
+
+/// Null when the program runs outside a session.
+const char* sessionIdentifier() {
+    return std::getenv("XDG_SESSION_ID");
+}
+
+std::string sessionPathOf(const BusMessage& answer) {
+    if (!answer.succeeded())
+        return callersSession;
+    return std::string(BusReader(answer).text('o').value_or(callersSession));
+}
+
 std::optional<bool> booleanOf(const BusMessage& message) {
     int boolean = 0;
     if (!message.get() || !message.succeeded() ||
@@ -63,20 +77,16 @@ void LinuxDisplayStatus::connectSystem() {
         "type='signal',sender='org.freedesktop.login1',"
         "path_namespace='/org/freedesktop/login1/session'",
         [this](const BusMessage& message) { sessionChanged(message); });
-    const char* identifier = std::getenv("XDG_SESSION_ID");
+    const char* identifier = sessionIdentifier();
     if (identifier == nullptr) {
         sessionPath_ = callersSession;
         askLocked();
         return;
     }
-    system_->call(
-        {login, "/org/freedesktop/login1", "org.freedesktop.login1.Manager", "GetSession"},
-        {identifier}, [this](const BusMessage& answer) {
-            sessionPath_ = answer.succeeded()
-                               ? std::string(BusReader(answer).text('o').value_or(""))
-                               : callersSession;
-            askLocked();
-        });
+    system_->call(sessionQuestion, {identifier}, [this](const BusMessage& answer) {
+        sessionPath_ = sessionPathOf(answer);
+        askLocked();
+    });
 }
 
 void LinuxDisplayStatus::connectSession() {
@@ -95,7 +105,7 @@ void LinuxDisplayStatus::connectSession() {
                                 .append("'"),
                             [this](const BusMessage& message) {
                                 if (const auto active = booleanOf(message))
-                                    heardSaver(*active);
+                                    heard(saver_, *active, Source::Change);
                             });
         askSaver(question);
     }
@@ -105,14 +115,14 @@ void LinuxDisplayStatus::askLocked() {
     system_->call({login, sessionPath_.c_str(), properties, "Get"},
                   {sessionInterface, "LockedHint"}, [this](const BusMessage& answer) {
                       if (const auto locked = variantOf(answer))
-                          heardLocked(*locked);
+                          heard(locked_, *locked, locked_ ? Source::Change : Source::FirstAnswer);
                   });
 }
 
 void LinuxDisplayStatus::askSaver(const BusMethod& method) {
     session_->call(method, {}, [this](const BusMessage& answer) {
         if (const auto active = booleanOf(answer); active && !saver_)
-            heardSaver(*active);
+            heard(saver_, *active, Source::FirstAnswer);
     });
 }
 
@@ -135,32 +145,27 @@ void LinuxDisplayStatus::sessionChanged(const BusMessage& message) {
                 reader.skip("v");
         });
     if (locked)
-        heardLocked(*locked);
+        heard(locked_, *locked, Source::Change);
     else
         askLocked();
 }
 
-void LinuxDisplayStatus::heardLocked(bool locked) {
-    heard(locked_, locked);
-}
-
-void LinuxDisplayStatus::heardSaver(bool active) {
-    heard(saver_, active);
-}
-
-/// A repeat is no change, and neither is one that leaves the screen as dark as it was.
-void LinuxDisplayStatus::heard(std::optional<bool>& known, bool now) {
+/// A repeat is no change, and neither is one that leaves the screen as dark as it was. What nobody
+/// has told of yet counts as unlocked.
+void LinuxDisplayStatus::heard(std::optional<bool>& known, bool now, Source source) {
     const bool wasOff = locked_.value_or(false) || saver_.value_or(false);
-    const bool first = !known;
     known = now;
     const bool isOff = locked_.value_or(false) || saver_.value_or(false);
-    if (!first && isOff != wasOff)
+    if (source == Source::Change && isOff != wasOff)
         announceChange();
 }
 
 std::optional<bool> LinuxDisplayStatus::readLocked() {
-    if (!system_ || sessionPath_.empty())
+    if (!system_)
         return std::nullopt;
+    if (sessionPath_.empty())
+        sessionPath_ =
+            sessionPathOf(system_->callAndWait(sessionQuestion, {sessionIdentifier()}, patience));
     return variantOf(system_->callAndWait({login, sessionPath_.c_str(), properties, "Get"},
                                           {sessionInterface, "LockedHint"}, patience));
 }

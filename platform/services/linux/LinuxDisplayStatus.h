@@ -29,9 +29,9 @@ private:
     void askLocked();
     void askSaver(const BusMethod& method);
     void sessionChanged(const BusMessage& message);
-    void heardLocked(bool locked);
-    void heardSaver(bool active);
-    void heard(std::optional<bool>& known, bool now);
+    /// What is heard first is how it was all along.
+    enum class Source { FirstAnswer, Change };
+    void heard(std::optional<bool>& known, bool now, Source source);
     std::optional<bool> readLocked();
     std::optional<bool> readSaver();
 
