@@ -13,10 +13,10 @@ namespace {
 constexpr const char* folderKeys[] = {"inbox", "drafts", "sent", "bin"};
 constexpr double rowHeight = 44;
 
-/// What speakers of a language call it.
+/// What speakers of a language call it, in a list that runs from the left.
 std::string ownName(const std::string& localization) {
     if (localization == "ar")
-        return "العربية";
+        return "\u200Eالعربية";
     if (localization == "zh-Hans")
         return "简体中文";
     return localization == "en" ? "English" : localization;
@@ -56,7 +56,8 @@ void LanguagePage::addLanguages() {
                     page->refresh();
             });
         };
-        rows.push_back({code == -1 ? "As the device" : ownName(name), ownName(name), tapped});
+        rows.push_back({code == -1 ? "As the device" : ownName(name),
+                        code == -1 ? ownName(name) : name, tapped});
     }
     const double width = contentWidth();
     const auto list = make<RowList>(Point{}, width, rows);
