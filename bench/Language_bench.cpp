@@ -42,8 +42,10 @@ void run(const std::string& command) {
 class Tables {
 public:
     Tables() {
-        char name[] = "/tmp/zarnic-bench-XXXXXX";
-        folder_ = mkdtemp(name);
+        std::string name = (fs::temp_directory_path() / "zarnic-XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr)
+            giveUp("no temporary folder");
+        folder_ = name;
         for (int index = 0; index < tableSize; ++index)
             keys_.push_back(keyOf(index));
         writeStrings();
