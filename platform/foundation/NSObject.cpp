@@ -22,6 +22,9 @@ struct DeadObject {
 struct Teardown {
     int depth = 0;
     DeadObject* waiting = nullptr;
+    /// While an object that waited is destroyed: what keeps its memory until it has been. Its own
+    /// weak reference, the last one, goes before its destructor's end.
+    std::weak_ptr<const NSObject>* memory = nullptr;
 };
 thread_local constinit Teardown threadTeardown;
 
@@ -40,7 +43,10 @@ void detail::destroyObject(void* object, void (*destroy)(void*) noexcept) noexce
     while (teardown.depth == 1 && teardown.waiting != nullptr) {
         const std::unique_ptr<DeadObject> next(
             std::exchange(teardown.waiting, teardown.waiting->next));
+        std::weak_ptr<const NSObject> memory;
+        teardown.memory = &memory;
         next->destroy(next->object);
+        teardown.memory = nullptr;
     }
     --teardown.depth;
 }
@@ -56,6 +62,9 @@ NSObject::NSObject() = default;
 
 NSObject::~NSObject() {
     delete extras_.load(std::memory_order_acquire);
+    // Objects inside the one that waited come here first; the last to come is the one itself.
+    if (auto* const memory = threadTeardown.memory)
+        *memory = weak_from_this();
 }
 
 void NSObject::init() {}
