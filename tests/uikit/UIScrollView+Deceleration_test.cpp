@@ -80,9 +80,10 @@ TEST_F(ScrollDecelerationTest, ReachesEdgesAndComesBackToThem) {
                           {150, -200, true, -20},   {-150, 4500, true, 4343}};
     view->setContentInset({20, 0, 10, 0});
     for (const Case& each : cases) {
+        double furthest = 0;
+        listener->whenScrolled = {};
         view->setBounces(each.bounces);
         view->setContentOffset({0, each.start}, false);
-        double furthest = 0;
         listener->whenScrolled = [&](const UIScrollView& scrolled) {
             const double offset = scrolled.contentOffset().y;
             furthest = std::max({furthest, -20 - offset, offset - 4343});
