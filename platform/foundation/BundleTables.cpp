@@ -16,8 +16,9 @@ std::optional<std::string> pathOfTable(const NSBundle& bundle, const std::string
     if (!localizations.empty()) {
         auto folders = bundle.preferredLocalizations();
         folders.emplace_back("Base");
-        for (const std::string& folder : folders) {
-            if (auto path = bundle.pathForResource(folder + ".lproj/" + table, "strings"))
+        for (std::string& folder : folders) {
+            if (auto path =
+                    bundle.pathForResource(folder.append(".lproj/").append(table), "strings"))
                 return path;
         }
     }

@@ -85,8 +85,9 @@ void LinuxBluetoothAdapter::take(const BusMessage& objects) {
 void LinuxBluetoothAdapter::serviceChanged(const BusMessage& message) {
     BusReader reader(message);
     reader.text();
-    const bool wasThere = reader.text().value_or("") != "";
-    if (reader.text().value_or("") != "") {
+    const bool wasThere = !reader.text().value_or("").empty();
+    const bool isThere = !reader.text().value_or("").empty();
+    if (isThere) {
         later_.reset();
         ask();
         return;
