@@ -63,9 +63,11 @@ foreach(topic ${test_topics})
 endforeach()
 
 # The readers that what is written for others is read back with.
+pkg_check_modules(TURBOJPEG REQUIRED IMPORTED_TARGET libturbojpeg)
 pkg_check_modules(ZBAR REQUIRED IMPORTED_TARGET zbar)
 foreach(program drawing_tests graphics_tests)
     if(TARGET ${program})
-        target_link_libraries(${program} PRIVATE PkgConfig::JPEG PkgConfig::ZXING PkgConfig::ZBAR)
+        target_link_libraries(${program} PRIVATE PkgConfig::TURBOJPEG PkgConfig::ZXING
+            PkgConfig::ZBAR)
     endif()
 endforeach()

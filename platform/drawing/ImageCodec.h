@@ -25,10 +25,12 @@ bool hasPngSignature(std::span<const std::byte> bytes);
 std::optional<DecodedImage> decodePng(std::span<const std::byte> bytes);
 std::optional<std::vector<std::byte>> encodePng(const CGImage& image);
 
-inline constexpr std::size_t longestJpegSide = 65535;
+inline constexpr std::size_t longestJpegSide = 65500;
 /// `quality` between 0 and 1. Alpha is dropped: clear is black. The orientation goes into an EXIF
 /// segment. Absent for sides that are 0 or too long.
 std::optional<std::vector<std::byte>> encodeJpeg(const CGImage& image,
                                                  UIImageOrientation orientation, double quality);
+/// How many bytes `encodeJpeg` gives, without keeping them; 0 where it gives none.
+std::size_t jpegLength(const CGImage& image, UIImageOrientation orientation, double quality);
 
 }  // namespace zn

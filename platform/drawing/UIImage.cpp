@@ -88,6 +88,14 @@ Size UIImage::size() const {
     return swapsSides(orientation_) ? Size{height, width} : Size{width, height};
 }
 
+std::int64_t UIImage::jpegByteCount() const {
+    std::call_once(jpegCounted_, [this] {
+        if (image_)
+            jpegByteCount_ = static_cast<std::int64_t>(jpegLength(*image_, orientation_, 1));
+    });
+    return jpegByteCount_;
+}
+
 void UIImage::drawAtPoint(Point point) const {
     drawInRect({point, size()});
 }

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 #include <turbojpeg.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <thread>
 
 #include "tests/drawing/Pixels.h"
 #include "zarnic/platform/UIImage.h"
@@ -114,8 +117,34 @@ TEST(JpegImage, OrientationGoesIntoExif) {
 TEST(JpegImage, WhatCannotBeWrittenIsAbsent) {
     EXPECT_FALSE(UIImageJPEGRepresentation(nullptr, 0.9));
     EXPECT_FALSE(UIImageJPEGRepresentation(make<UIImage>(nullptr, 1, UIImageOrientation::Up), 0.9));
-    EXPECT_FALSE(UIImageJPEGRepresentation(smooth(65536, 1), 0.9));
+    EXPECT_FALSE(UIImageJPEGRepresentation(smooth(65501, 1), 0.9));
     EXPECT_TRUE(UIImageJPEGRepresentation(smooth(65500, 1), 0.9));
+}
+
+TEST(JpegImage, KnowsItsLengthWithoutKeepingTheBytes) {
+    const std::pair<std::size_t, std::size_t> sizes[] = {{1, 1}, {61, 47}, {300, 200}};
+    for (const auto& [width, height] : sizes)
+        for (const auto orientation : {UIImageOrientation::Up, UIImageOrientation::Left}) {
+            const auto image =
+                UIImage::imageWithCGImage(smooth(width, height)->cgImage(), 2, orientation);
+            const std::size_t length = UIImageJPEGRepresentation(image, 1)->size();
+            EXPECT_EQ(image->jpegByteCount(), static_cast<std::int64_t>(length)) << width;
+            EXPECT_EQ(image->jpegByteCount(), static_cast<std::int64_t>(length)) << width;
+        }
+    EXPECT_EQ(smooth(65501, 1)->jpegByteCount(), 0);
+    EXPECT_EQ(make<UIImage>(nullptr, 1, UIImageOrientation::Up)->jpegByteCount(), 0);
+}
+
+TEST(JpegImage, TellsThreadsThatAskAtOnceTheSameLength) {
+    const auto image = smooth(400, 300);
+    std::array<std::int64_t, 8> lengths{};
+    {
+        std::vector<std::jthread> threads;
+        for (std::int64_t& length : lengths)
+            threads.emplace_back([&] { length = image->jpegByteCount(); });
+    }
+    const auto expected = static_cast<std::int64_t>(UIImageJPEGRepresentation(image, 1)->size());
+    EXPECT_EQ(std::ranges::count(lengths, expected), 8);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <mutex>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -45,6 +47,10 @@ public:
     UIImageOrientation imageOrientation() const { return orientation_; }
     /// In points, as seen (turned).
     Size size() const;
+    /// The length of `UIImageJPEGRepresentation` at quality 1, in bytes; 0 where that is absent.
+    /// The first call encodes the image, while other threads that ask wait; later ones cost
+    /// nothing.
+    std::int64_t jpegByteCount() const;
 
     /// Into the current context, honouring scale and orientation.
     void drawAtPoint(Point point) const;
@@ -55,13 +61,15 @@ private:
     Ref<CGImage> image_;
     double scale_;
     UIImageOrientation orientation_;
+    mutable std::once_flag jpegCounted_;
+    mutable std::int64_t jpegByteCount_ = 0;
 };
 
 /// PNG bytes of an image; absent for an image without pixels.
 ZN_EXPORT std::optional<std::vector<std::byte>> UIImagePNGRepresentation(const Ref<UIImage>& image);
 /// JPEG bytes of an image, turned as it is (by EXIF); `quality` between 0 (small) and 1 (best), and
 /// from 0.9 with colours at full resolution. There is no alpha: colours stay premultiplied, so what
-/// is clear becomes black. Absent for an image without pixels or with a side above 65,535 pixels.
+/// is clear becomes black. Absent for an image without pixels or with a side above 65,500 pixels.
 ZN_EXPORT std::optional<std::vector<std::byte>> UIImageJPEGRepresentation(const Ref<UIImage>& image,
                                                                           double quality);
 
