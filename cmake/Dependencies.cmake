@@ -9,6 +9,9 @@ pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET
     cairo cairo-ft pangocairo pangoft2 harfbuzz freetype2 fontconfig)
 pkg_check_modules(SPNG REQUIRED IMPORTED_TARGET spng)
 pkg_check_modules(JPEG REQUIRED IMPORTED_TARGET libjpeg)
+pkg_check_modules(WEBP REQUIRED IMPORTED_TARGET libwebp libwebpdemux)
+# Its library comes without a description for pkg-config.
+find_package(GIF 5 REQUIRED)
 pkg_check_modules(QRENCODE REQUIRED IMPORTED_TARGET libqrencode)
 pkg_check_modules(ZXING REQUIRED IMPORTED_TARGET zxing)
 # The window's connection is asked of the toolkit that SDL opened it with.

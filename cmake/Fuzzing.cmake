@@ -19,7 +19,7 @@ if(fuzzers)
     target_compile_options(zarnic-fuzzed PUBLIC ${fuzz_options})
     target_link_libraries(zarnic-fuzzed PUBLIC Threads::Threads PkgConfig::ICU PkgConfig::PLIST
         PkgConfig::CRYPTO PkgConfig::SQLITE PkgConfig::CAIRO PkgConfig::SPNG PkgConfig::JPEG
-        PkgConfig::QRENCODE PkgConfig::ZXING)
+        PkgConfig::WEBP GIF::GIF PkgConfig::QRENCODE PkgConfig::ZXING)
 endif()
 
 foreach(source ${fuzzers})

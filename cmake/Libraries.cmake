@@ -46,6 +46,7 @@ zarnic_library(zarnic
         host/headless
     PUBLIC_LINK Threads::Threads
     PRIVATE_LINK
+        GIF::GIF
         PkgConfig::CAIRO
         PkgConfig::CRYPTO
         PkgConfig::ICU
@@ -55,6 +56,7 @@ zarnic_library(zarnic
         PkgConfig::SDBUS
         PkgConfig::SPNG
         PkgConfig::SQLITE
+        PkgConfig::WEBP
         PkgConfig::ZXING)
 zarnic_library(zarnic-sdl FLOORS host/sdl PUBLIC_LINK zarnic PRIVATE_LINK PkgConfig::SDL2)
 zarnic_library(zarnic-testing FLOORS testing PUBLIC_LINK zarnic)

@@ -71,3 +71,7 @@ foreach(program drawing_tests graphics_tests)
             PkgConfig::ZBAR)
     endif()
 endforeach()
+# What pictures are written with, to be read.
+if(TARGET drawing_tests)
+    target_link_libraries(drawing_tests PRIVATE GIF::GIF PkgConfig::JPEG PkgConfig::WEBP)
+endif()

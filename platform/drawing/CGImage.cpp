@@ -6,8 +6,9 @@
 
 namespace zn {
 
-CGImage::CGImage(std::size_t width, std::size_t height, std::unique_ptr<std::uint32_t[]> pixels)
-    : width_(width), height_(height), pixels_(std::move(pixels)) {}
+CGImage::CGImage(std::size_t width, std::size_t height, std::unique_ptr<std::uint32_t[]> pixels,
+                 Opacity opacity)
+    : width_(width), height_(height), pixels_(std::move(pixels)), opacity_(opacity) {}
 
 CGImage::~CGImage() = default;
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <new>
 
+#include "platform/drawing/Exif.h"
 #include "platform/drawing/ImageCodec.h"
 #include "platform/drawing/JpegErrors.h"
 
@@ -17,12 +18,6 @@ constexpr int finestHalvedColors = 89;
 int libraryQuality(double quality) {
     return quality > 0 ? std::max(1, static_cast<int>(std::lround(std::min(quality, 1.0) * 100)))
                        : 1;
-}
-
-/// How EXIF numbers the ways to turn a picture.
-std::byte exifNumber(UIImageOrientation orientation) {
-    constexpr std::array<std::uint8_t, 8> numbers{1, 3, 8, 6, 2, 4, 5, 7};
-    return std::byte{numbers[static_cast<std::size_t>(orientation)]};
 }
 
 constexpr std::size_t orientationSegmentLength = 36;
@@ -42,7 +37,7 @@ OrientationSegment orientationSegment(UIImageOrientation orientation) {
     OrientationSegment bytes;
     std::ranges::transform(segment, bytes.begin(),
                            [](std::uint8_t byte) { return std::byte{byte}; });
-    bytes[valuePlace] = exifNumber(orientation);
+    bytes[valuePlace] = std::byte{exifNumber(orientation)};
     return bytes;
 }
 

@@ -4,8 +4,9 @@
 #include <array>
 #include <cstring>
 
+#include "platform/drawing/Exif.h"
 #include "platform/drawing/ImageCodec.h"
-#include "platform/drawing/PixelFormat.h"
+#include "platform/drawing/StraightPixels.h"
 
 namespace zn {
 
@@ -55,54 +56,80 @@ std::vector<std::byte> shortened(std::span<const std::byte> bytes) {
     return {};
 }
 
-/// Red, green, blue and alpha bytes to premultiplied words, in place.
-void premultiply(std::span<std::uint32_t> pixels) {
-    static const PixelFormat straightRGBA = *PixelFormat::of(CGColorSpace::DeviceRGB, 3);
-    straightRGBA.read(reinterpret_cast<const std::byte*>(pixels.data()), pixels);
-}
-
 /// Decodes row by row for as long as the data are good.
 class RowReader {
 public:
     RowReader(spng_ctx* context, const spng_ihdr& header)
-        : context_(context), width_(header.width), height_(header.height) {}
+        : context_(context),
+          width_(header.width),
+          height_(header.height),
+          interlaced_(header.interlace_method != SPNG_INTERLACE_NONE) {}
 
     Ref<CGImage> read() {
-        // Nothing is set aside for the picture before its first row has decoded: a few bytes can
-        // claim a hundred megapixels.
         std::vector<std::uint32_t> first(width_);
-        if (!readRow([&](std::size_t) { return first.data(); }))
+        if (!readRow([&](std::size_t) { return std::span(first); }))
             return nullptr;
-        pixels_ = std::make_unique<std::uint32_t[]>(width_ * height_);
+        pixels_ = std::make_unique_for_overwrite<std::uint32_t[]>(width_ * height_);
         std::ranges::copy(first, pixels_.get());
-        while (more_ && readRow([&](std::size_t row) { return pixels_.get() + row * width_; })) {
+        if (interlaced_)
+            clearFrom(1);
+        while (more_ && readRow([&](std::size_t row) { return this->row(row); })) {
         }
-        premultiply({pixels_.get(), rowsReached_ * width_});
-        return make<CGImage>(width_, height_, std::move(pixels_));
+        finish();
+        return make<CGImage>(width_, height_, std::move(pixels_),
+                             opaque_ ? CGImage::Opacity::Opaque : CGImage::Opacity::Translucent);
     }
 
 private:
+    std::span<std::uint32_t> row(std::size_t index) {
+        return {pixels_.get() + index * width_, width_};
+    }
+
+    void clearFrom(std::size_t row) {
+        std::fill(pixels_.get() + row * width_, pixels_.get() + height_ * width_, 0);
+    }
+
     template <class Destination>
     bool readRow(Destination destination) {
         spng_row_info info{};
         if (spng_get_row_info(context_, &info) != SPNG_OK || info.row_num >= height_)
             return false;
-        const int result =
-            spng_decode_row(context_, destination(info.row_num), width_ * sizeof(std::uint32_t));
+        const std::span<std::uint32_t> pixels = destination(info.row_num);
+        const int result = spng_decode_row(context_, pixels.data(), pixels.size_bytes());
         more_ = result == SPNG_OK;
         if (!more_ && result != SPNG_EOI)
             return false;
         rowsReached_ = std::max<std::size_t>(rowsReached_, info.row_num + 1U);
+        // Of an interlaced picture a row comes again, with more of its pixels.
+        if (!interlaced_)
+            opaque_ = premultiplyRGBA(pixels) && opaque_;
         return true;
+    }
+
+    void finish() {
+        if (interlaced_)
+            opaque_ = premultiplyRGBA({pixels_.get(), height_ * width_});
+        else
+            clearFrom(rowsReached_);
+        opaque_ = opaque_ && rowsReached_ == height_;
     }
 
     spng_ctx* context_;
     std::size_t width_;
     std::size_t height_;
+    bool interlaced_;
+    bool opaque_ = true;
     std::unique_ptr<std::uint32_t[]> pixels_;
     std::size_t rowsReached_ = 0;
     bool more_ = true;
 };
+
+UIImageOrientation orientation(spng_ctx* context) {
+    spng_exif exif{};
+    if (spng_get_exif(context, &exif) != SPNG_OK)
+        return UIImageOrientation::Up;
+    return exifOrientation(std::as_bytes(std::span(exif.data, exif.length)));
+}
 
 }  // namespace
 
@@ -123,13 +150,12 @@ std::optional<DecodedImage> decodePng(std::span<const std::byte> bytes) {
     spng_set_chunk_limits(context.get(), longestChunk, longestChunk);
     spng_ihdr header{};
     if (spng_set_png_buffer(context.get(), source.data(), source.size()) != SPNG_OK ||
-        spng_get_ihdr(context.get(), &header) != SPNG_OK ||
-        std::uint64_t{header.width} * header.height > largestPixelCount)
+        spng_get_ihdr(context.get(), &header) != SPNG_OK || !mayDecode(header.width, header.height))
         return std::nullopt;
     constexpr int flags = SPNG_DECODE_PROGRESSIVE | SPNG_DECODE_TRNS;
     if (spng_decode_image(context.get(), nullptr, 0, SPNG_FMT_RGBA8, flags) != SPNG_OK)
         return std::nullopt;
-    DecodedImage decoded{RowReader(context.get(), header).read()};
+    DecodedImage decoded{RowReader(context.get(), header).read(), orientation(context.get())};
     return decoded.image ? std::optional(std::move(decoded)) : std::nullopt;
 }
 

@@ -18,8 +18,13 @@ enum class CGColorSpace { DeviceGray, DeviceRGB };
 class ZN_EXPORT CGImage final : public NSObject {
     ZN_OBJECT(CGImage, NSObject)
 public:
-    /// Takes the pixels over; `pixels` holds `width * height` words.
-    CGImage(std::size_t width, std::size_t height, std::unique_ptr<std::uint32_t[]> pixels);
+    /// Whether every pixel has full alpha.
+    enum class Opacity : std::int8_t { Unknown, Opaque, Translucent };
+
+    /// Takes the pixels over; `pixels` holds `width * height` words. An unknown opacity is found
+    /// when it is asked for.
+    CGImage(std::size_t width, std::size_t height, std::unique_ptr<std::uint32_t[]> pixels,
+            Opacity opacity = Opacity::Unknown);
     ~CGImage() override;
 
     /// A copy of a bitmap's bytes: 8 bits a component; `bitmapInfo` as for `CGContext::bitmap`.
@@ -32,7 +37,7 @@ public:
     std::size_t height() const { return height_; }
     std::span<const std::uint32_t> pixels() const { return {pixels_.get(), width_ * height_}; }
     std::size_t byteCount() const { return width_ * height_ * sizeof(std::uint32_t); }
-    /// Every pixel has full alpha (found once, when asked).
+    /// Every pixel has full alpha.
     bool opaque() const;
 
     /// The part inside the rectangle (pixels, top-left origin, made integral, cut to the image);
@@ -40,12 +45,10 @@ public:
     Ref<CGImage> imageInRect(const Rect& rect) const;
 
 private:
-    enum class Opacity : std::int8_t { Unknown, Opaque, Translucent };
-
     std::size_t width_;
     std::size_t height_;
     std::unique_ptr<std::uint32_t[]> pixels_;
-    mutable std::atomic<Opacity> opacity_ = Opacity::Unknown;
+    mutable std::atomic<Opacity> opacity_;
 };
 
 }  // namespace zn

@@ -32,7 +32,10 @@ public:
     UIImage(Ref<CGImage> image, double scale, UIImageOrientation orientation);
     ~UIImage() override;
 
-    /// Null for absent or undecodable bytes, and for more than 100 megapixels.
+    /// Reads PNG, JPEG, WebP and GIF (of what moves the first frame), told apart by their first
+    /// bytes; EXIF says how the picture is turned. Of a truncated or damaged file what decodes is
+    /// shown, the rest is clear. Null when nothing decodes, for more than `largestPixelCount()`
+    /// pixels, and when there is no memory.
     static Ref<UIImage> imageWithData(std::span<const std::byte> bytes, double scale = 1);
     /// A file named `...@2x.png` has scale 2, and so on. Null for what is no readable file.
     static Ref<UIImage> imageWithContentsOfFile(std::string_view path);
@@ -41,6 +44,11 @@ public:
     static Ref<UIImage> imageNamed(std::string_view name);
     static Ref<UIImage> imageWithCGImage(const Ref<CGImage>& image, double scale = 1,
                                          UIImageOrientation orientation = UIImageOrientation::Up);
+
+    /// A file that claims more pixels than this, 100,000,000 unless set, is not decoded. For the
+    /// whole process, from the next file on; from any thread.
+    static std::uint64_t largestPixelCount();
+    static void setLargestPixelCount(std::uint64_t count);
 
     const Ref<CGImage>& cgImage() const { return image_; }
     double scale() const { return scale_; }
