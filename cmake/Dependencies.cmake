@@ -16,4 +16,6 @@ pkg_check_modules(QRENCODE REQUIRED IMPORTED_TARGET libqrencode)
 pkg_check_modules(ZXING REQUIRED IMPORTED_TARGET zxing)
 # The window's connection is asked of the toolkit that SDL opened it with.
 pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2 wayland-client)
+# Older ones may raise a signal when a server hangs up.
+pkg_check_modules(CURL REQUIRED IMPORTED_TARGET libcurl>=7.88)
 pkg_check_modules(SDBUS REQUIRED IMPORTED_TARGET libsystemd)

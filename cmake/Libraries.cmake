@@ -49,6 +49,7 @@ zarnic_library(zarnic
         GIF::GIF
         PkgConfig::CAIRO
         PkgConfig::CRYPTO
+        PkgConfig::CURL
         PkgConfig::ICU
         PkgConfig::JPEG
         PkgConfig::PLIST

@@ -41,6 +41,7 @@ struct Stage::State {
           urlOpener(installed<URLOpener, FakeURLOpener>()),
           bluetooth(installed<BluetoothAdapter, FakeBluetoothAdapter>()),
           display(installed<DisplayStatus, FakeDisplayStatus>()),
+          http(installed<HttpTransport, FakeHttpTransport>()),
           host(options.device, options.framesPerSecond) {
         setLogSink([this](std::string_view line) {
             const std::lock_guard guard(logMutex);
@@ -55,6 +56,7 @@ struct Stage::State {
     Ref<FakeURLOpener> urlOpener;
     Ref<FakeBluetoothAdapter> bluetooth;
     Ref<FakeDisplayStatus> display;
+    Ref<FakeHttpTransport> http;
     HeadlessHost host;
     std::vector<Ref<UIWindow>> windows;
     std::mutex logMutex;
@@ -89,6 +91,10 @@ FakeBluetoothAdapter& Stage::bluetooth() {
 
 FakeDisplayStatus& Stage::display() {
     return *state_->display;
+}
+
+FakeHttpTransport& Stage::http() {
+    return *state_->http;
 }
 
 void Stage::advance(double seconds) {

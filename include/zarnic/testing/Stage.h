@@ -14,6 +14,7 @@
 #include "zarnic/testing/FakeBluetoothAdapter.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
 #include "zarnic/testing/FakeDisplayStatus.h"
+#include "zarnic/testing/FakeHttpTransport.h"
 #include "zarnic/testing/FakeURLOpener.h"
 
 namespace zn {
@@ -83,6 +84,7 @@ public:
     FakeURLOpener& urlOpener();
     FakeBluetoothAdapter& bluetooth();
     FakeDisplayStatus& display();
+    FakeHttpTransport& http();
 
 private:
     struct State;

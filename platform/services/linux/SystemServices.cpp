@@ -1,7 +1,10 @@
+#include <cstdlib>
+
 #include "platform/foundation/Folders.h"
 #include "platform/services/linux/LinuxBluetoothAdapter.h"
 #include "platform/services/linux/LinuxDeviceFacts.h"
 #include "platform/services/linux/LinuxDisplayStatus.h"
+#include "platform/services/linux/LinuxHttpTransport.h"
 #include "platform/services/linux/LinuxURLOpener.h"
 
 namespace zn {
@@ -16,6 +19,12 @@ Ref<DeviceFacts> DeviceFacts::systemImplementation() {
 
 Ref<DisplayStatus> DisplayStatus::systemImplementation() {
     return make<LinuxDisplayStatus>();
+}
+
+Ref<HttpTransport> HttpTransport::systemImplementation() {
+    const char* certificates = std::getenv("SSL_CERT_FILE");
+    return make<LinuxHttpTransport>(
+        LinuxHttpTransport::Settings{applicationIdentifier(), certificates ? certificates : ""});
 }
 
 Ref<URLOpener> URLOpener::systemImplementation() {
