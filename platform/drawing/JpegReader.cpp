@@ -34,7 +34,7 @@ public:
     explicit JpegReader(std::span<const std::byte> bytes) : source_(bytes), codec_() {
         codec_.err = &errors_;
         runJpegSteps(errors_, [this] { jpeg_create_decompress(&codec_); });
-        codec_.src = &source_;
+        source_.attach(&codec_);
     }
     ~JpegReader() { jpeg_destroy_decompress(&codec_); }
     JpegReader(const JpegReader&) = delete;
@@ -47,6 +47,12 @@ public:
         if (!readRow(first.data()))
             return std::nullopt;
         return DecodedImage{readPixels(first), orientation()};
+    }
+
+    /// When the codec gave up between scans, its state is of no use, but another reader can decode
+    /// what it had read before: how many bytes lie behind that.
+    std::optional<std::size_t> bytesBehindGoodOnes() const {
+        return gaveUp_ ? std::optional(bytesLeft_) : std::nullopt;
     }
 
 private:
@@ -85,14 +91,27 @@ private:
     bool readScans() {
         bool whole = false;
         const int most = mostScans();
-        runJpegSteps(errors_, [&] {
-            while (!whole && !source_.ended() && codec_.input_scan_number <= most)
+        gaveUp_ = !runJpegSteps(errors_, [&] {
+            while (!whole && !starvedEarly() && codec_.input_scan_number <= most) {
+                bytesLeft_ = bytesLeft();
                 whole = jpeg_consume_input(&codec_) == JPEG_REACHED_EOI;
+            }
         });
+        if (gaveUp_)
+            return false;
         const int complete = codec_.input_scan_number - (whole ? 0 : 1);
         if (complete < 1)
             rowsShown_ = std::min(rowsShown_, codec_.input_iMCU_row * blockRowHeight());
         return runJpegSteps(errors_, [&] { jpeg_start_output(&codec_, std::max(1, complete)); });
+    }
+
+    /// What the first scan lacks must not become as much memory as the file claims.
+    bool starvedEarly() const { return source_.starved() && codec_.input_scan_number == 1; }
+
+    /// From the mark on at which the codec stands, if it stands at one.
+    std::size_t bytesLeft() const {
+        constexpr std::size_t markLength = 2;
+        return source_.bytes_in_buffer + (codec_.unread_marker != 0 ? markLength : 0);
     }
 
     JDIMENSION blockRowHeight() const {
@@ -107,8 +126,8 @@ private:
                 auto* samples = reinterpret_cast<JSAMPROW>(row);
                 read = jpeg_read_scanlines(&codec_, &samples, 1) == 1;
             });
-        if (!codec_.buffered_image && source_.ended())
-            rowsShown_ = std::min(rowsShown_, (source_.endRow() + 1) * blockRowHeight());
+        if (!codec_.buffered_image && source_.starved())
+            rowsShown_ = std::min(rowsShown_, (source_.starvedRow() + 1) * blockRowHeight());
         if (read && ink_ != Ink::None)
             colorInk({row, codec_.output_width}, ink_);
         return read;
@@ -140,6 +159,8 @@ private:
     jpeg_decompress_struct codec_;
     Ink ink_ = Ink::None;
     JDIMENSION rowsShown_ = 0;
+    std::size_t bytesLeft_ = 0;
+    bool gaveUp_ = false;
 };
 
 }  // namespace
@@ -150,7 +171,14 @@ bool hasJpegSignature(std::span<const std::byte> bytes) {
 }
 
 std::optional<DecodedImage> decodeJpeg(std::span<const std::byte> bytes) {
-    return JpegReader(bytes).read();
+    std::optional<std::size_t> left;
+    {
+        JpegReader reader(bytes);
+        if (auto image = reader.read())
+            return image;
+        left = reader.bytesBehindGoodOnes();
+    }
+    return left ? JpegReader(bytes.first(bytes.size() - *left)).read() : std::nullopt;
 }
 
 }  // namespace zn

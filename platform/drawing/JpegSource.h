@@ -13,18 +13,25 @@ class JpegSource : public jpeg_source_mgr {
 public:
     explicit JpegSource(std::span<const std::byte> bytes);
 
-    /// The codec wanted more than there is.
+    /// Takes the codec's warnings too: one tells when it begins to make things up.
+    void attach(j_decompress_ptr codec);
+
+    /// The codec looked for more than there is, be it only to have it at hand.
     bool ended() const { return ended_; }
-    /// In which row of blocks it stood then.
-    JDIMENSION endRow() const { return endRow_; }
+    /// The codec makes things up, and in which row of blocks it began.
+    bool starved() const { return starved_; }
+    JDIMENSION starvedRow() const { return starvedRow_; }
 
 private:
     static JpegSource& of(j_decompress_ptr codec) { return static_cast<JpegSource&>(*codec->src); }
-    void end(JDIMENSION row);
-    void skip(std::size_t length);
+    static boolean end(j_decompress_ptr codec);
+    static void skip(j_decompress_ptr codec, long length);
+    static void noteWarning(j_common_ptr codec, int level);
+    void starve(JDIMENSION row);
 
     bool ended_ = false;
-    JDIMENSION endRow_ = 0;
+    bool starved_ = false;
+    JDIMENSION starvedRow_ = 0;
 };
 
 }  // namespace zn

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "platform/drawing/ContextState.h"
 #include "platform/drawing/CurrentContext.h"
@@ -71,7 +70,14 @@ Ref<UIImage> UIImage::imageWithContentsOfFile(std::string_view path) {
     if (!std::filesystem::is_regular_file(file, error))
         return nullptr;
     std::ifstream stream(file, std::ios::binary);
-    const std::vector<char> content{std::istreambuf_iterator<char>(stream), {}};
+    const std::uintmax_t length = std::filesystem::file_size(file, error);
+    // More than any picture needs: twice its widest pixels.
+    constexpr std::uintmax_t mostBytesPerPixel = 16;
+    if (error || !stream || length / mostBytesPerPixel > largestPixelCount())
+        return nullptr;
+    std::vector<char> content(length);
+    stream.read(content.data(), static_cast<std::streamsize>(length));
+    content.resize(static_cast<std::size_t>(stream.gcount()));
     return imageWithData(std::as_bytes(std::span(content)), scaleOfFile(file));
 }
 

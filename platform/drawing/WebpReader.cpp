@@ -64,6 +64,7 @@ Pixels decode(const Frame& frame) {
     WebPDecoderConfig config;
     if (!WebPInitDecoderConfig(&config))
         return pixels;
+    // Memory that nothing is written to is only reserved.
     const std::size_t stride = frame.width * sizeof(std::uint32_t);
     pixels.words = std::make_unique_for_overwrite<std::uint32_t[]>(frame.width * frame.height);
     config.output.colorspace = std::endian::native == std::endian::little ? MODE_BGRA : MODE_ARGB;

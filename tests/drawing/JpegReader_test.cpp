@@ -239,6 +239,22 @@ TEST(JpegReader, EndlessScansComeToAnEnd) {
     }
 }
 
+TEST(JpegReader, GarbageBetweenTheScansLeavesThoseBeforeIt) {
+    const Bytes jpeg =
+        jpegFile(*grainyPicture(40, 40), [](auto& codec) { jpeg_simple_progression(&codec); });
+    const std::size_t last = scanPlaces(jpeg)[5];
+    const auto good = std::span(jpeg).first(last);
+    Bytes damaged(good.begin(), good.end());
+    // A second head, of a picture without components.
+    constexpr std::uint8_t head[] = {0xFF, 0xC1, 0, 8, 8, 0, 1, 0, 1, 0};
+    append(damaged, std::as_bytes(std::span(head)));
+    append(damaged, std::span(jpeg).subspan(last));
+    const auto expected = decoded(good);
+    const auto image = decoded(damaged);
+    ASSERT_TRUE(expected && image);
+    EXPECT_TRUE(std::ranges::equal(image->pixels(), expected->pixels()));
+}
+
 TEST(JpegReader, NeedsSomethingOfTheFirstScan) {
     for (const bool progressive : {false, true}) {
         const Bytes jpeg = jpegFile(*grainyPicture(40, 40), [&](auto& codec) {
