@@ -26,8 +26,10 @@ target_link_libraries(zarnic-bench PRIVATE
     Qt6::Widgets
     PkgConfig::CAIRO
     PkgConfig::CRYPTO
+    PkgConfig::JPEG
     PkgConfig::PLIST
     PkgConfig::QRENCODE
+    PkgConfig::SPNG
     PkgConfig::SQLITE
     PkgConfig::ZXING
     SQLiteCpp
