@@ -13,7 +13,7 @@ THIRD_PARTY = [
     (r"(simdjson|rapidjson/|nlohmann/)", []),
     (r"plist/", ["platform/foundation"]),
     (r"(cairo|pango|hb|harfbuzz/|ft2build|freetype|fontconfig/|glib)", ["platform/drawing"]),
-    (r"(gif_lib|jpeglib|turbojpeg|spng|png|webp/|qrencode)", ["platform/drawing"]),
+    (r"(gif_lib|jerror|jpeglib|turbojpeg|spng|png|webp/|qrencode)", ["platform/drawing"]),
     (r"curl/", ["platform/services/linux"]),
     (r"systemd/", ["platform/services/linux"]),
     (r"gst/", ["platform/capture"]),
