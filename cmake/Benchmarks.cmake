@@ -1,12 +1,14 @@
 # One program that measures the library beside its peers, in the same process, and two small ones
 # whose start it measures.
 find_package(benchmark REQUIRED)
-find_package(Qt6 REQUIRED COMPONENTS Core Gui Sql Widgets)
+find_package(Qt6 REQUIRED COMPONENTS Core Gui Network Sql Widgets)
 find_package(SQLiteCpp REQUIRED)
 # The other peers of JSON are headers only.
 find_package(simdjson REQUIRED)
 file(GLOB bench_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*.cpp)
-add_executable(zarnic-bench ${bench_sources})
+# The web server is that of the tests.
+add_executable(zarnic-bench ${bench_sources}
+    tests/support/ChildProcess.cpp tests/support/Nginx.cpp)
 # Qt's peers may have meta-objects.
 set_target_properties(zarnic-bench PROPERTIES AUTOMOC ON)
 add_executable(zarnic-start bench/start/zarnic_start.cpp bench/Machine.cpp
@@ -22,10 +24,12 @@ find_library(ZINT_LIBRARY zint REQUIRED)
 target_link_libraries(zarnic-bench PRIVATE
     zarnic
     benchmark::benchmark
+    Qt6::Network
     Qt6::Sql
     Qt6::Widgets
     PkgConfig::CAIRO
     PkgConfig::CRYPTO
+    PkgConfig::CURL
     PkgConfig::JPEG
     PkgConfig::PLIST
     PkgConfig::QRENCODE

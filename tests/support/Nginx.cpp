@@ -72,8 +72,10 @@ std::string Nginx::configuration() const {
 bool Nginx::start() {
     port_ = portOf(boundSocket());
     const std::string file = folder_.write("configuration", configuration());
+    // It must not outlive a test that crashes.
     process_ = std::make_unique<ChildProcess>(
-        std::vector<std::string>{"/usr/sbin/nginx", "-e", folder_.path("log"), "-c", file});
+        std::vector<std::string>{"setpriv", "--pdeathsig", "TERM", "/usr/sbin/nginx", "-e",
+                                 folder_.path("log"), "-c", file});
     for (int attempt = 0; attempt < 1000 && process_->running(); ++attempt) {
         if (isReady())
             return true;
