@@ -5,6 +5,8 @@
 #include <array>
 #include <memory>
 
+#include "platform/services/linux/OpenSSL.h"
+
 namespace zn {
 namespace {
 
@@ -27,9 +29,14 @@ constexpr auto digitPairs = [] {
     return pairs;
 }();
 
+EVP_MD* fetch(const char* name) {
+    keepOpenSSLUntilTheEnd();
+    return EVP_MD_fetch(nullptr, name, nullptr);
+}
+
 }  // namespace
 
-Digest::Digest(const char* name) : algorithm_(EVP_MD_fetch(nullptr, name, nullptr)) {}
+Digest::Digest(const char* name) : algorithm_(fetch(name)) {}
 
 const Digest& Digest::md5() {
     static const Digest digest("MD5");

@@ -165,3 +165,28 @@ TEST(LinuxHttpTransportEncryptionTest, trustsOnlyWhomItMay) {
     // What was trusted before on this thread counts for nothing.
     EXPECT_TRUE(make<LinuxHttpTransport>()->get({url, 30}).absent());
 }
+
+TEST(LinuxHttpTransportEncryptionTest, aProcessMayEndWhileThreadsAreAtWork) {
+    setenv("no_proxy", "*", 1);
+    const Nginx server(Nginx::Encryption::SelfSigned);
+    server.write("file", noise(50000, 1));
+    const auto endAtWork = [&] {
+        const auto transport = make<LinuxHttpTransport>(
+            LinuxHttpTransport::Settings{.certificates = server.certificate()});
+        std::atomic<int> count = 0;
+        // Each request is a thread's first and makes a connection.
+        for (int index = 0; index < 8; ++index)
+            std::thread([&] {
+                while (true) {
+                    std::thread([&] { transport->get({server.url("/file"), 30}); }).join();
+                    ++count;
+                    count.notify_one();
+                }
+            }).detach();
+        for (int seen = 0; seen < 20; seen = count)
+            count.wait(seen);
+        std::exit(0);
+    };
+    for (int attempt = 0; attempt < 5; ++attempt)
+        EXPECT_EXIT(endAtWork(), testing::ExitedWithCode(0), "");
+}

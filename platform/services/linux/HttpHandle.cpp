@@ -1,10 +1,15 @@
 #include "platform/services/linux/HttpHandle.h"
 
+#include "platform/services/linux/OpenSSL.h"
+
 namespace zn {
 namespace {
 
 bool isLibraryReady() {
-    static const bool ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+    static const bool ready = [] {
+        keepOpenSSLUntilTheEnd();
+        return curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+    }();
     return ready;
 }
 
