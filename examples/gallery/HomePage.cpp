@@ -5,6 +5,7 @@
 #include "CodesPage.h"
 #include "ColorsPage.h"
 #include "DevicePage.h"
+#include "DownloadsPage.h"
 #include "DrawingPage.h"
 #include "ImagesPage.h"
 #include "LanguagePage.h"
@@ -47,6 +48,7 @@ void HomePage::build() {
             {"Colours", "Hexadecimal texts, light or dark",
              open([] { return make<ColorsPage>(); })},
             {"Images", "Tints, scalings, captures, icons", open([] { return make<ImagesPage>(); })},
+            {"Downloads", "Pictures from a web server", open([] { return make<DownloadsPage>(); })},
             {"Text", "Fields, text views, a keyboard", open([] { return make<TextPage>(); })},
             {"Scrolling", "Pages, rows and a long list",
              open([] { return make<ScrollingPage>(); })},

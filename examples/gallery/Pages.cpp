@@ -8,6 +8,7 @@
 #include "CodesPage.h"
 #include "ColorsPage.h"
 #include "DevicePage.h"
+#include "DownloadsPage.h"
 #include "DrawingPage.h"
 #include "HomePage.h"
 #include "ImagesPage.h"
@@ -199,6 +200,8 @@ const std::vector<Page>& pages() {
         plain<CodesPage>("codes", "Codes", "QR code, bar code, a recoloured picture"),
         plain<ColorsPage>("colours", "Colours", "hexadecimal texts, light or dark, chance"),
         plain<ImagesPage>("images", "Images", "tint, scale, crop, capture, application icons"),
+        plain<DownloadsPage>("downloads", "Downloads",
+                             "pictures from a web server, two of them bad"),
         plain<NavigationPage>("navigation", "Navigation", "screens that push one another"),
         pushed("push", "a push half-way", &NavigationPage::push, 0.1),
         pushed("second", "a second screen", &NavigationPage::push, settled),

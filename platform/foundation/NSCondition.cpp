@@ -8,12 +8,21 @@
 #include "zarnic/platform/NSDate.h"
 
 namespace zn {
+namespace {
+
+Clock::Ticks ticksOf(const Ref<NSDate>& limit) {
+    const Clock& clock = Clock::shared();
+    return limit ? clock.ticks() + ticksUntilDate(clock, limit->timeIntervalSince1970())
+                 : Clock::never;
+}
+
+}  // namespace
 
 struct NSCondition::State {
     /// Stands in the queue for a scope, with the lock released; has it again afterwards.
     class Place;
 
-    bool wait(Clock::Ticks until);
+    bool wait(Clock::Ticks until, Waiter::Purpose purpose = Waiter::Purpose::Work);
     bool wakeFirst();
 
     std::mutex lock;
@@ -61,10 +70,11 @@ void NSCondition::wait() {
 }
 
 bool NSCondition::waitUntilDate(const Ref<NSDate>& limit) {
-    const Clock& clock = Clock::shared();
-    return state_->wait(limit
-                            ? clock.ticks() + ticksUntilDate(clock, limit->timeIntervalSince1970())
-                            : Clock::never);
+    return state_->wait(ticksOf(limit));
+}
+
+bool NSCondition::idleUntilDate(const Ref<NSDate>& limit) {
+    return state_->wait(ticksOf(limit), Waiter::Purpose::Idling);
 }
 
 void NSCondition::signal() {
@@ -80,8 +90,8 @@ void NSCondition::broadcast() {
         state_->wakeFirst();
 }
 
-bool NSCondition::State::wait(Clock::Ticks until) {
-    ThreadWaiter waiter;
+bool NSCondition::State::wait(Clock::Ticks until, Waiter::Purpose purpose) {
+    ThreadWaiter waiter(purpose);
     const Place place(*this, waiter);
     return Clock::shared().wait(waiter, until);
 }

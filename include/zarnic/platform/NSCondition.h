@@ -23,6 +23,9 @@ public:
     void wait();
     /// The same, to a date at most; false when the date came first. Null waits without end.
     bool waitUntilDate(const Ref<NSDate>& limit);
+    /// The same for a thread that has nothing to do: under a manual clock its date alone is no
+    /// reason for time to go on.
+    bool idleUntilDate(const Ref<NSDate>& limit);
 
     /// Wakes the one that has waited longest; with or without the lock.
     void signal();
