@@ -12,6 +12,8 @@ file(GLOB support_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/
 add_library(zarnic-test-main OBJECT ${support_sources})
 target_include_directories(zarnic-test-main PRIVATE ${PROJECT_SOURCE_DIR})
 target_link_libraries(zarnic-test-main PUBLIC GTest::gmock PRIVATE PkgConfig::SDBUS)
+# Half of what a test's compilation takes, so compiled once.
+target_precompile_headers(zarnic-test-main PRIVATE <gmock/gmock.h>)
 
 function(zarnic_test_program topic)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${topic}/*.cpp)
@@ -20,6 +22,7 @@ function(zarnic_test_program topic)
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(${program} PRIVATE ZARNIC_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${program} PRIVATE zarnic zarnic-test-main)
+    target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
     if(TARGET zarnic-gallery)
         target_compile_definitions(${program} PRIVATE
             ZARNIC_GALLERY="$<TARGET_FILE:zarnic-gallery>")
