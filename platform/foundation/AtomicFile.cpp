@@ -29,6 +29,9 @@ std::string folderOf(const std::string& path) {
     return path.substr(0, path.rfind('/') + 1);
 }
 
+/// Whether the bytes must be on the disk before they take the place of others.
+enum class Durability { Cached, OnDisk };
+
 /// A new file that goes again unless it takes the place of another.
 class TemporaryFile {
 public:
@@ -50,9 +53,10 @@ public:
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-    bool fill(std::string_view bytes, std::optional<mode_t> mode) {
+    bool fill(std::string_view bytes, std::optional<mode_t> mode, Durability durability) {
         return file_.valid() && (!mode || fchmod(file_.number(), *mode) == 0) &&
-               writeAll(file_.number(), bytes) && fsync(file_.number()) == 0 && file_.close();
+               writeAll(file_.number(), bytes) &&
+               (durability == Durability::Cached || fsync(file_.number()) == 0) && file_.close();
     }
 
     bool replace(const std::string& path) {
@@ -88,17 +92,22 @@ std::string withoutLinks(const std::string& path) {
 bool writeFileAtomically(const std::string& path, std::string_view bytes) {
     const std::string target = withoutLinks(path);
     std::optional<mode_t> mode;
+    auto durability = Durability::Cached;
     struct stat old = {};
     if (lstat(target.c_str(), &old) == 0) {
         if (!S_ISREG(old.st_mode) && !S_ISLNK(old.st_mode))
             return false;
         if (S_ISREG(old.st_mode))
             mode = old.st_mode & 07777;
+        // Without a file that could be lost there is nothing to wait for.
+        if (old.st_size > 0)
+            durability = Durability::OnDisk;
     }
     TemporaryFile file(target);
-    if (!file.fill(bytes, mode) || !file.replace(target))
+    if (!file.fill(bytes, mode, durability) || !file.replace(target))
         return false;
-    syncFolderOf(target);
+    if (durability == Durability::OnDisk)
+        syncFolderOf(target);
     return true;
 }
 
