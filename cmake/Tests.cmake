@@ -12,6 +12,12 @@ file(GLOB support_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/
 add_library(zarnic-test-main OBJECT ${support_sources})
 target_include_directories(zarnic-test-main PRIVATE ${PROJECT_SOURCE_DIR})
 target_link_libraries(zarnic-test-main PUBLIC GTest::gmock PRIVATE PkgConfig::SDBUS)
+# A third of what a test's compilation takes, so compiled once.
+target_precompile_headers(zarnic-test-main PRIVATE <gmock/gmock.h>)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # Lets ccache see what was compiled before.
+    target_compile_options(zarnic-test-main PUBLIC -fpch-preprocess)
+endif()
 # Half of what a test's compilation takes, so compiled once.
 target_precompile_headers(zarnic-test-main PRIVATE <gmock/gmock.h>)
 
@@ -22,6 +28,7 @@ function(zarnic_test_program topic)
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(${program} PRIVATE ZARNIC_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${program} PRIVATE zarnic zarnic-test-main)
+    target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
     target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
     if(TARGET zarnic-gallery)
         target_compile_definitions(${program} PRIVATE

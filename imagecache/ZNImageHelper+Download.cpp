@@ -4,6 +4,7 @@
 #include "zarnic/ZNImageHelper.h"
 #include "zarnic/ZNQuickHelper.h"
 #include "zarnic/platform/CFURL.h"
+#include "zarnic/platform/Dispatch.h"
 #include "zarnic/platform/NSDate.h"
 #include "zarnic/platform/NSLog.h"
 #include "zarnic/platform/NSThread.h"

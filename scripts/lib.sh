@@ -64,7 +64,7 @@ quietly() {
 build_preset() {
     local preset=$1 tree=build/$1
     shift
-    export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+    export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
     if [ ! -f "$tree/build.ninja" ] || [ CMakePresets.json -nt "$tree/build.ninja" ]; then
         echo "Configuring $preset"
         quietly cmake --preset "$preset"

@@ -28,11 +28,6 @@ private:
     const Value data_ = pngData(16);
 };
 
-std::string pngText(double width) {
-    const auto data = pngData(width);
-    return {reinterpret_cast<const char*>(data.bytes().data()), data.bytes().size()};
-}
-
 /// Damages the good file at the path; those that nobody can read are recorded, except a link that
 /// leads nowhere, which is no file.
 struct Damage {

@@ -4,6 +4,7 @@
 
 #include "tests/imagecache/RealTime.h"
 #include "tests/imagecache/TestImages.h"
+#include "zarnic/platform/NSDate.h"
 
 namespace zn {
 namespace {
@@ -16,7 +17,7 @@ public:
         if (url->starts_with("block")) {
             ++blocked_;
             condition_->broadcast();
-            while (blocked_ > allowed_)
+            for (const int round = round_; round == round_;)
                 condition_->wait();
             return {};
         }
@@ -26,16 +27,15 @@ public:
     }
     void block(int count) {
         const std::lock_guard guard(*condition_);
-        allowed_ = 0;
         blocked_ = 0;
         for (int number = 0; number < count; ++number)
-            queue("block " + std::to_string(number));
+            queue("block " + std::to_string(++lastBlock_));
         while (blocked_ < count)
             condition_->wait();
     }
     void unblock() {
         const std::lock_guard guard(*condition_);
-        allowed_ = 8;
+        ++round_;
         condition_->broadcast();
     }
     /// False when it takes as long as a thread may lie idle after a lost signal.
@@ -56,7 +56,8 @@ private:
     const Ref<NSCondition> condition_ = make<NSCondition>();
     mutable int blocked_ = 0;
     mutable int served_ = 0;
-    int allowed_ = 0;
+    int round_ = 0;
+    int lastBlock_ = 0;
 };
 
 class HandOffTest : public testing::Test {

@@ -179,7 +179,8 @@ TEST_F(ZNImageHelperDownloadTest, urlsAreSentEscapedAndKnownAsGiven) {
     const char* given = "http://pictures.example/图 片%20a[1].png?q=é#x";
     const char* sent = "http://pictures.example/%E5%9B%BE%20%E7%89%87%20a%5B1%5D.png?q=%C3%A9";
     stage.http().answer(sent, pngData(3));
-    ZNImageHelper::DownloadImageFillView(make<UIImageView>(), nullptr, given, note("escaped"));
+    const auto view = make<UIImageView>();
+    ZNImageHelper::DownloadImageFillView(view, nullptr, given, note("escaped"));
     stage.settle();
     EXPECT_THAT(requested(), ElementsAre(sent));
     EXPECT_THAT(told, ElementsAre("escaped view 3"));
