@@ -76,7 +76,7 @@ void DownloadsPage::build() {
 }
 
 void DownloadsPage::addGrid() {
-    const double side = std::floor(tileWidth(contentWidth(), columns));
+    const double side = tileWidth(contentWidth(), columns);
     pictures_.clear();
     for (std::size_t row = 0; row < rows; ++row) {
         const auto line = make<UIView>(Rect(0, 0, contentWidth(), side));
@@ -111,6 +111,11 @@ Ref<UILabel> DownloadsPage::addFigure(const Ref<UIView>& panel, std::string_view
     const Point place{theme::padding,
                       y + (figureHeight - std::ceil(theme::body()->lineHeight())) / 2};
     panel->addSubview(theme::label(title, theme::body(), theme::ink(), place, width));
+    if (y > 0) {
+        const auto line = make<UIView>(Rect(theme::padding, y, width + theme::padding, 1));
+        line->setBackgroundColor(theme::line());
+        panel->addSubview(line);
+    }
     auto figure = theme::label("", theme::body(), theme::quietInk(), place, width);
     figure->setTextAlignment(NSTextAlignment::Right);
     panel->addSubview(figure);
@@ -129,8 +134,10 @@ void DownloadsPage::addActions() {
     add(make<RowList>(
         Point{}, contentWidth(),
         std::vector<Row>{{"Load again", "From memory, else from files", act(&DownloadsPage::load)},
-                         {"Forget what memory holds", "", act(&DownloadsPage::forget)},
-                         {"Delete the files", "", act(&DownloadsPage::deleteFiles)}}));
+                         {"Forget what memory holds", "The next load reads the files",
+                          act(&DownloadsPage::forget)},
+                         {"Delete the files", "The next load asks the server",
+                          act(&DownloadsPage::deleteFiles)}}));
 }
 
 void DownloadsPage::load() {

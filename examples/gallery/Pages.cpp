@@ -79,17 +79,14 @@ Page plain(std::string name, std::string title, std::string summary) {
             nothing};
 }
 
-/// The scrolling page at its end.
-Page scrolledToEnd() {
+/// A page at the end of its column.
+template <class T>
+Page atEnd(std::string name, std::string title, std::string summary) {
     const auto pose = [](const Ref<PageController>& page) {
         page->showEnd();
         return settled;
     };
-    return {"scrolling-end",
-            "Scrolling",
-            "the end of the list",
-            [] { return make<ScrollingPage>(); },
-            pose,
+    return {std::move(name), std::move(title), std::move(summary), [] { return make<T>(); }, pose,
             nothing};
 }
 
@@ -202,12 +199,13 @@ const std::vector<Page>& pages() {
         plain<ImagesPage>("images", "Images", "tint, scale, crop, capture, application icons"),
         plain<DownloadsPage>("downloads", "Downloads",
                              "pictures from a web server, two of them bad"),
+        atEnd<DownloadsPage>("downloads-use", "Downloads", "what memory and files hold of them"),
         plain<NavigationPage>("navigation", "Navigation", "screens that push one another"),
         pushed("push", "a push half-way", &NavigationPage::push, 0.1),
         pushed("second", "a second screen", &NavigationPage::push, settled),
         pushed("hidden", "a screen without a bar", &NavigationPage::pushWithoutBar, settled),
         plain<ScrollingPage>("scrolling", "Scrolling", "pages, a row and a long list"),
-        scrolledToEnd(),
+        atEnd<ScrollingPage>("scrolling-end", "Scrolling", "the end of the list"),
         dragged("down", "the list dragged up by a finger", {60, 600}, {60, 220}),
         dragged("pulled", "pulled beyond the top", {60, 520}, {60, 760}),
         dragged("pages", "half-way between two pages", {300, 180}, {130, 180}),
