@@ -31,6 +31,8 @@ HEADER_ONLY = {
     "zarnic/platform/DeviceFacts.h": "platform/services",
     "zarnic/platform/Export.h": "platform/foundation",
     "zarnic/platform/NSTextAttributes.h": "platform/drawing",
+    "zarnic/platform/ObjectList.h": "platform/foundation",
+    "zarnic/platform/ObjectMap.h": "platform/foundation",
     "zarnic/zarnic.h": "host",
 }
 
