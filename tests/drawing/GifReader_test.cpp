@@ -21,8 +21,7 @@ std::string letters(const Ref<CGImage>& image) {
     std::string result;
     for (std::size_t i = 0; image && i < image->pixels().size(); ++i) {
         const std::uint32_t pixel = image->pixels()[i];
-        const std::size_t known =
-            std::ranges::find(fourColors, pixel & 0xFFFFFF) - fourColors.begin();
+        const auto known = std::ranges::find(fourColors, pixel & 0xFFFFFF) - fourColors.begin();
         result += pixel == 0 ? '.' : pixel >> 24 == 0xFF ? "RGBW?"[known] : '?';
         if ((i + 1) % image->width() == 0)
             result += '/';
