@@ -1,9 +1,11 @@
 #include "platform/services/linux/LinuxHttpTransport.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <set>
 #include <thread>
 #include <vector>
@@ -133,6 +135,20 @@ TEST_F(LinuxHttpTransportTest, programsThatAreStartedInheritNoConnection) {
     EXPECT_EQ(connections, 1);
 }
 
+TEST_F(LinuxHttpTransportTest, comesBackAfterThereWereNoDescriptors) {
+    server.write("file", "body");
+    std::thread([this] {
+        rlimit usual = {};
+        getrlimit(RLIMIT_NOFILE, &usual);
+        const rlimit none = {.rlim_cur = 0, .rlim_max = usual.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &none);
+        const bool failed = transport->get({server.url("/file"), 30}).absent();
+        setrlimit(RLIMIT_NOFILE, &usual);
+        EXPECT_TRUE(failed);
+        EXPECT_EQ(text("/file"), "body");
+    }).join();
+}
+
 TEST_F(LinuxHttpTransportTest, whatIsNoURLOfTheWebIsAbsent) {
     server.write("file", "body");
     ASSERT_EQ(text("/file"), "body");
@@ -175,14 +191,14 @@ TEST(LinuxHttpTransportEncryptionTest, aProcessMayEndWhileThreadsAreAtWork) {
             LinuxHttpTransport::Settings{.certificates = server.certificate()});
         std::atomic<int> count = 0;
         // Each request is a thread's first and makes a connection.
+        std::function<void()> getAgainAndAgain = [&] {
+            transport->get({server.url("/file"), 30});
+            ++count;
+            count.notify_one();
+            std::thread(getAgainAndAgain).detach();
+        };
         for (int index = 0; index < 8; ++index)
-            std::thread([&] {
-                while (true) {
-                    std::thread([&] { transport->get({server.url("/file"), 30}); }).join();
-                    ++count;
-                    count.notify_one();
-                }
-            }).detach();
+            std::thread(getAgainAndAgain).detach();
         for (int seen = 0; seen < 20; seen = count)
             count.wait(seen);
         std::exit(0);

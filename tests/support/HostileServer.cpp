@@ -131,6 +131,8 @@ const std::map<std::string_view, Deed> deeds = {
          client.send("HTTP/1.1 200 OK\r\nX-Head: ");
          client.sendForever(std::string(65536, 'x'));
      }},
+    {"/endless-promises",
+     [](const Client& client) { client.sendForever("HTTP/1.1 100 Continue\r\n\r\n"); }},
     {"/redirect-loop", [](const Client& client) { client.send(redirect("/redirect-loop")); }},
     {"/redirect-to-file",
      [](const Client& client) { client.send(redirect("file:///etc/hostname")); }},

@@ -22,7 +22,9 @@ namespace zn {
 /// - `/stall`, `/stall-midway`: says no more, but stays
 /// - `/truncated`, `/chunk-cut-short`: less than it announced
 /// - `/drip/N`: the good body, a byte every N milliseconds
-/// - `/endless`, `/endless-heads`, `/endless-head`: a body, heads, one head without end
+/// - `/endless`, `/endless-heads`, `/endless-head`, `/endless-promises`: a body, heads, one head,
+/// the
+///   promise of an answer without end
 /// - `/announces/N`: N bytes are announced, none follows
 /// - `/redirect-loop`, `/redirect-to-file`, `/redirect-to-ftp`, `/redirect-to-good`
 /// - `/garbage`, `/wrong-gzip`: not HTTP, not gzip
