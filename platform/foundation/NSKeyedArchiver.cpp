@@ -31,7 +31,7 @@ bool isSameForm(const Value& stored, const Value& value) {
 }  // namespace
 
 std::string archive::escaped(std::string_view key) {
-    return (key.starts_with('$') ? "$" : "") + std::string(key);
+    return std::string(key.starts_with('$') ? "$" : "").append(key);
 }
 
 NSKeyedArchiver::NSKeyedArchiver() : objects_{archive::absentMark}, current_(top_) {}
