@@ -1,21 +1,22 @@
 #include "platform/services/linux/LinuxHttpTransport.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <new>
 
 #include "platform/services/linux/HttpHandle.h"
 #include "platform/services/linux/HttpTransfer.h"
-#include "zarnic/platform/NSString.h"
 
 namespace zn {
 namespace {
 
 /// Libcurl would take much for a URL that is none.
 bool isWebURL(const std::string& url) {
-    constexpr std::size_t longestPrefix = 8;
-    const std::string begin = lowercaseString(std::string_view(url).substr(0, longestPrefix));
-    return (begin.starts_with("http://") || begin.starts_with("https://")) &&
-           url.find('\0') == url.npos;
+    const auto beginsWith = [&](std::string_view prefix) {
+        return strncasecmp(url.c_str(), prefix.data(), prefix.size()) == 0;
+    };
+    return (beginsWith("http://") || beginsWith("https://")) && url.find('\0') == url.npos;
 }
 
 bool isOutsideHeads(char character) {
