@@ -61,6 +61,15 @@ TEST(ImageFiles, EveryTruncationGivesTheWholeSizeOrNothing) {
     }
 }
 
+/// Puts the limit back.
+class PixelLimit {
+public:
+    ~PixelLimit() { UIImage::setLargestPixelCount(before_); }
+
+private:
+    std::uint64_t before_ = UIImage::largestPixelCount();
+};
+
 bool tellsItsOpacity(const CGImage& image) {
     return image.opaque() == std::ranges::all_of(image.pixels(), [](std::uint32_t pixel) {
                return pixel >> 24 == 0xFF;
@@ -68,6 +77,7 @@ bool tellsItsOpacity(const CGImage& image) {
 }
 
 TEST(ImageFiles, DamagedBytesGiveATruePictureOrNothing) {
+    const PixelLimit limit;
     UIImage::setLargestPixelCount(1 << 20);
     std::mt19937 random(11);
     for (const auto& [name, file] : samples())
@@ -82,6 +92,7 @@ TEST(ImageFiles, DamagedBytesGiveATruePictureOrNothing) {
 
 TEST(ImageFiles, NoneIsReadThatClaimsMorePixelsThanAllowed) {
     EXPECT_EQ(UIImage::largestPixelCount(), 100'000'000U);
+    const PixelLimit limit;
     UIImage::setLargestPixelCount(48 * 40 - 1);
     for (const auto& [name, file] : samples())
         EXPECT_FALSE(decoded(file)) << name;
