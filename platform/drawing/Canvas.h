@@ -17,14 +17,6 @@ struct GroupDeleter {
 };
 using Group = std::unique_ptr<cairo_pattern_t, GroupDeleter>;
 
-/// A whole-pixel part of a picture.
-struct PixelPart {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
-
 struct StrokeStyle {
     double width = 1;
     CGLineCap cap = CGLineCap::Butt;

@@ -31,6 +31,23 @@ std::uint8_t* Picture::bytes() const {
     return cairo_image_surface_get_data(surface_);
 }
 
+void Picture::copyPart(const PixelPart& part, int x, int y) {
+    std::uint8_t* const pixels = bytes();
+    if (!pixels)
+        return;
+    const auto at = [&](int column, int row) {
+        return pixels + static_cast<std::size_t>(row) * stride() +
+               static_cast<std::size_t>(column) * sizeof(std::uint32_t);
+    };
+    const auto length = static_cast<std::size_t>(part.width) * sizeof(std::uint32_t);
+    // In the order in which no row is overwritten before it is read.
+    for (int i = 0; i < part.height; ++i) {
+        const int row = y > part.y ? part.height - 1 - i : i;
+        std::memmove(at(x, y + row), at(part.x, part.y + row), length);
+    }
+    cairo_surface_mark_dirty_rectangle(surface_, x, y, part.width, part.height);
+}
+
 Ref<CGImage> Picture::makeImage() const {
     auto width = static_cast<std::size_t>(width_);
     auto height = static_cast<std::size_t>(height_);

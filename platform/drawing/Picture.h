@@ -9,6 +9,14 @@ using cairo_surface_t = struct _cairo_surface;
 
 namespace zn {
 
+/// A whole-pixel part of a picture.
+struct PixelPart {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
 /// Pixels that change: premultiplied colours as in `CGImage`, or bare coverage, a byte a pixel.
 /// Begins empty. One that there is no memory for keeps its size, and drawing on it does nothing.
 class Picture {
@@ -34,6 +42,8 @@ public:
     static int blurReach(double sigma);
     static constexpr double LargestSigma = 512;
     Ref<CGImage> makeImage() const;
+    /// Copies pixels of colour, those of a part that lies inside, to another place inside.
+    void copyPart(const PixelPart& part, int x, int y);
 
     cairo_surface_t* surface() const { return surface_; }
 

@@ -1,5 +1,6 @@
 #include "platform/layers/CommittedLayer.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace zn {
@@ -36,12 +37,7 @@ void CommittedLayer::commitTree(CALayer::Node& node) {
         node.work &= ~LayerWork::State;
         own.committed = node.state;
         own.animations = node.animations;
-        std::vector<std::shared_ptr<CommittedLayer>> next;
-        for (const auto& sublayer : node.sublayers) {
-            committedOf(sublayer->node());
-            next.push_back(sublayer->node().committed);
-        }
-        own.adoptChildren(std::move(next));
+        own.adoptSublayers(node);
         if (node.mask)
             committedOf(node.mask->node());
         if (auto mask = node.mask ? node.mask->node().committed : nullptr; mask != own.mask) {
@@ -67,9 +63,21 @@ void CommittedLayer::commitTree(CALayer::Node& node) {
         commitChild(node.mask->node());
 }
 
-void CommittedLayer::adoptChildren(std::vector<std::shared_ptr<CommittedLayer>> next) {
-    if (next == children)
+void CommittedLayer::adoptSublayers(const CALayer::Node& node) {
+    const bool same = std::ranges::equal(
+        node.sublayers, children, {}, [](const auto& each) { return each->node().committed.get(); },
+        [](const auto& each) { return each.get(); });
+    if (same)
         return;
+    std::vector<std::shared_ptr<CommittedLayer>> next;
+    for (const auto& sublayer : node.sublayers) {
+        committedOf(sublayer->node());
+        next.push_back(sublayer->node().committed);
+    }
+    adoptChildren(std::move(next));
+}
+
+void CommittedLayer::adoptChildren(std::vector<std::shared_ptr<CommittedLayer>> next) {
     LayerSet before(children.begin(), children.end());
     LayerSet after(next.begin(), next.end());
     std::vector<std::shared_ptr<CommittedLayer>> stayedBefore, stayedAfter;

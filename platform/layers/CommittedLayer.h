@@ -57,6 +57,7 @@ public:
     std::uint64_t version() const override { return contentVersion; }
 
 private:
+    void adoptSublayers(const CALayer::Node& node);
     void adoptChildren(std::vector<std::shared_ptr<CommittedLayer>> next);
     void adopt(const std::shared_ptr<CommittedLayer>& child);
     void release(CommittedLayer& child);

@@ -23,6 +23,15 @@ int pixelCount(double points, double scale) {
     return static_cast<int>(pixels);
 }
 
+/// Both, without what lies in one of the second.
+std::vector<PixelRect> joined(std::vector<PixelRect> rects, const std::vector<PixelRect>& whole) {
+    for (const PixelRect& each : whole) {
+        std::erase_if(rects, [&](const PixelRect& rect) { return contains(each, rect); });
+        rects.push_back(each);
+    }
+    return rects;
+}
+
 const CGColor Black{0, 0, 0, 1, CGColor::Space::Gray};
 
 }  // namespace
@@ -58,7 +67,7 @@ void Compositor::State::refresh(double now) {
             layer->node().committed->touch();
             moving = true;
         }
-    DamagePass(damage, scale, now).visit(*committed, toPixels(), wholeScreen());
+    DamagePass(damage, shifts, scale, now).visit(*committed, toPixels(), wholeScreen());
 }
 
 bool Compositor::State::shows(const CALayer& layer) const {
@@ -82,6 +91,15 @@ std::shared_ptr<const Picture> Compositor::State::capture(const CommittedLayer& 
     LayerPlacement placement(state, undo->concat(toOrigin).concat(toPixels()), scale);
     LayerPainter(canvas, {scale, false, moving}, box).paintInside(layer, placement);
     return picture;
+}
+
+std::vector<PixelRect> Compositor::State::shiftContent() {
+    std::vector<PixelRect> boxes;
+    for (const ContentShift& shift : std::exchange(shifts, {})) {
+        shift.apply(screen);
+        boxes.push_back(shift.box);
+    }
+    return boxes;
 }
 
 void Compositor::State::paint(const PixelRect& rect) {
@@ -113,11 +131,12 @@ std::vector<PixelRect> Compositor::composite() {
     std::vector<PixelRect> rects;
     if (state_->root->node().committed)
         rects = state_->damage.take();
+    const std::vector<PixelRect> shifted = state_->shiftContent();
     for (const PixelRect& rect : rects)
         state_->paint(rect);
     state_->statistics.cacheBytes =
         PaintCache::shared().byteCount() + DrawnContents::shared().byteCount();
-    return rects;
+    return joined(std::move(rects), shifted);
 }
 
 void Compositor::invalidate() {

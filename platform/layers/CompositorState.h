@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/layers/CommittedLayer.h"
-#include "platform/layers/DamageRegion.h"
+#include "platform/layers/ContentShift.h"
 #include "zarnic/platform/Compositor.h"
 
 namespace zn {
@@ -16,6 +16,8 @@ struct Compositor::State {
     void refresh(double now);
     /// What a layer shows now, over its bounds.
     std::shared_ptr<const Picture> capture(const CommittedLayer& layer) const;
+    /// Moves the pixels of what was scrolled; where they are.
+    std::vector<PixelRect> shiftContent();
     void paint(const PixelRect& rect);
     /// Whether the model's layer is seen here.
     bool shows(const CALayer& layer) const;
@@ -29,6 +31,8 @@ struct Compositor::State {
     bool moving = false;
     Picture screen;
     DamageRegion damage;
+    /// To be done before the damage, which is of the picture after them, is painted.
+    std::vector<ContentShift> shifts;
     Statistics statistics;
 };
 

@@ -13,6 +13,7 @@ public:
     /// Takes all of them out.
     std::vector<PixelRect> take();
     bool empty() const { return rects_.empty(); }
+    const std::vector<PixelRect>& rects() const { return rects_; }
 
 private:
     void joinCheapest();

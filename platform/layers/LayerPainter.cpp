@@ -9,6 +9,7 @@ namespace zn {
 
 std::vector<const PaintNode*> paintOrder(const PaintNode& node) {
     std::vector<const PaintNode*> order;
+    order.reserve(node.childCount());
     bool level = true;
     for (std::size_t i = 0; i < node.childCount(); ++i) {
         const PaintNode& child = node.child(i);

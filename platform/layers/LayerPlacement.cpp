@@ -6,8 +6,11 @@
 namespace zn {
 namespace {
 
+/// Halves go up, those too that arithmetic left a hair below: what is moved by whole pixels is then
+/// rounded as before.
 double nearest(double place) {
-    return std::floor(place + 0.5);
+    constexpr double hair = 1e-7;
+    return std::floor(place + 0.5 + hair);
 }
 
 bool close(double a, double b) {

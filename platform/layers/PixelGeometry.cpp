@@ -22,6 +22,10 @@ bool isEmpty(const PixelRect& rect) {
     return rect.width <= 0 || rect.height <= 0;
 }
 
+PixelRect offset(const PixelRect& rect, PixelOffset by) {
+    return {rect.x + by.x, rect.y + by.y, rect.width, rect.height};
+}
+
 PixelRect intersection(const PixelRect& a, const PixelRect& b) {
     return fromEdges(std::max(a.x, b.x), std::max(a.y, b.y), std::min(a.x + a.width, b.x + b.width),
                      std::min(a.y + a.height, b.y + b.height));

@@ -6,7 +6,15 @@
 
 namespace zn {
 
+/// A way in whole pixels.
+struct PixelOffset {
+    int x = 0;
+    int y = 0;
+    friend bool operator==(const PixelOffset&, const PixelOffset&) = default;
+};
+
 bool isEmpty(const PixelRect& rect);
+PixelRect offset(const PixelRect& rect, PixelOffset by);
 PixelRect intersection(const PixelRect& a, const PixelRect& b);
 /// An empty rectangle adds nothing.
 PixelRect unite(const PixelRect& a, const PixelRect& b);

@@ -34,8 +34,8 @@ public:
     Compositor(const Compositor&) = delete;
     Compositor& operator=(const Compositor&) = delete;
 
-    /// Brings the picture to the committed state at this moment of the media clock. Returns what
-    /// was repainted: nothing when nothing changed.
+    /// Brings the picture to the committed state at this moment of the media clock. Returns where
+    /// it was repainted or its pixels were shifted: nothing when nothing changed.
     std::vector<PixelRect> composite();
     /// Everything is repainted by the next `composite`.
     void invalidate();
