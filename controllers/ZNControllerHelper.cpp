@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "platform/foundation/ContainerFiller.h"
 #include "zarnic/UIViewController+ZNCategory.h"
 #include "zarnic/platform/CAAnimation.h"
-#include "zarnic/platform/NSScanner.h"
 #include "zarnic/platform/NSURL.h"
 #include "zarnic/platform/UITabBarController.h"
 
@@ -89,6 +89,17 @@ void present(const Ref<UIViewController>& screen, bool animated,
     const Ref<UINavigationController> root = registry().root;
     if (root && screen)
         root->presentViewController(screen, animated, std::move(completion));
+}
+
+bool isSeparator(char character) {
+    return character == '&' || character == ';';
+}
+
+/// The text is taken as it stands; what is no pair is left out.
+void addPair(const Dictionary& pairs, std::string_view text) {
+    const std::size_t equals = text.find('=');
+    if (equals != text.npos && text.find('=', equals + 1) == text.npos)
+        ContainerFiller::set(pairs, text.substr(0, equals), text.substr(equals + 1));
 }
 
 /// Added after the change, it still begins with what was on the screen before.
@@ -210,19 +221,16 @@ void ZNControllerHelper::PopToAnchorViewController(bool animated) {
 }
 
 Dictionary ZNControllerHelper::DictionaryFromQuery(std::string_view query) {
-    static const NSCharacterSet separators = NSCharacterSet::charactersInString("&;");
-    NSScanner scanner(query);
-    // The text is taken as it stands.
-    scanner.setCharactersToBeSkipped({});
-    Dictionary pairs;
-    while (!scanner.isAtEnd()) {
-        const std::string_view pair = scanner.scanUpToCharactersFromSet(separators).value_or("");
-        scanner.scanCharactersFromSet(separators);
-        const std::size_t equals = pair.find('=');
-        if (equals != pair.npos && pair.find('=', equals + 1) == pair.npos)
-            pairs.set(pair.substr(0, equals), pair.substr(equals + 1));
+    constexpr std::ptrdiff_t mostExpected = 64;
+    const auto expected = std::min(std::ranges::count(query, '='), mostExpected);
+    const Dictionary pairs =
+        ContainerFiller::dictionary(Mutability::Immutable, static_cast<std::size_t>(expected));
+    for (auto start = query.begin(); start != query.end();) {
+        const auto end = std::find_if(start, query.end(), isSeparator);
+        addPair(pairs, {start, end});
+        start = std::find_if_not(end, query.end(), isSeparator);
     }
-    return pairs.copy();
+    return pairs;
 }
 
 }  // namespace zn

@@ -1,13 +1,15 @@
 #include "platform/foundation/ContainerFiller.h"
 
+#include <algorithm>
+
 namespace zn {
 
 Array ContainerFiller::array(Mutability form) {
     return Array(Array::Storage::create(form));
 }
 
-Dictionary ContainerFiller::dictionary(Mutability form) {
-    return Dictionary(Dictionary::Storage::create(form));
+Dictionary ContainerFiller::dictionary(Mutability form, std::size_t capacity) {
+    return Dictionary(Dictionary::Storage::create(form, capacity));
 }
 
 Dictionary ContainerFiller::immutableDictionary(const KeyTable& keys, std::span<Value> values) {
@@ -26,11 +28,15 @@ void ContainerFiller::add(const Array& array, Value item) {
 void ContainerFiller::set(const Dictionary& dictionary, std::string_view key, Value value) {
     requirePresent(value);
     auto& storage = *dictionary.storage_;
-    const std::size_t slot = storage.keys.find(key);
-    if (slot == KeyTable::notFound)
-        storage.add(key, std::move(value));
-    else
+    if (storage.count == storage.capacity)
+        storage.reserve(std::max<std::size_t>(4, storage.capacity * 2));
+    const std::size_t slot = storage.keys.add(key);
+    if (slot == storage.count) {
+        storage.append(std::move(value));
+        ++storage.present;
+    } else {
         storage.values[slot] = std::move(value);
+    }
 }
 
 void ContainerFiller::clear(const Value& container) {

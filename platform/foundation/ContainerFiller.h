@@ -12,7 +12,8 @@ namespace zn {
 class ContainerFiller {
 public:
     static Array array(Mutability form);
-    static Dictionary dictionary(Mutability form);
+    /// With room for so many entries.
+    static Dictionary dictionary(Mutability form, std::size_t capacity = 0);
     /// With a block of memory of its own and shared keys; the values are moved from and must be
     /// present.
     static Dictionary immutableDictionary(const KeyTable& keys, std::span<Value> values);

@@ -8,6 +8,31 @@ namespace {
 
 /// Below this, comparing in order beats computing a hash.
 constexpr std::size_t maximumLinearCount = 12;
+/// So many bytes a value surely holds itself.
+constexpr std::size_t shortLength = 14;
+constexpr std::size_t leastCapacity = 4;
+
+/// The whole of a value. Short texts lie inside it, with zeros behind them, so that two of them are
+/// equal when these are.
+struct Words {
+    explicit Words(const Value& value) noexcept { std::memcpy(words, &value, sizeof words); }
+    bool operator==(const Words& other) const noexcept {
+        return ((words[0] ^ other.words[0]) | (words[1] ^ other.words[1])) == 0;
+    }
+
+    std::uint64_t words[2];
+};
+static_assert(sizeof(Words) == sizeof(Value));
+
+std::size_t findShort(const std::vector<Value>& keys, std::string_view key) noexcept {
+    const Value wanted(key);
+    const Words words(wanted);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (Words(keys[i]) == words)
+            return i;
+    }
+    return KeyTable::notFound;
+}
 
 std::uint32_t hashOf(std::string_view key) {
     return static_cast<std::uint32_t>(std::hash<std::string_view>{}(key));
@@ -38,6 +63,8 @@ struct KeyTable::Storage final : detail::Counted {
 
 std::size_t KeyTable::Storage::find(std::string_view key) const noexcept {
     if (slots.empty()) {
+        if (key.size() <= shortLength)
+            return findShort(keys, key);
         for (std::size_t i = 0; i < keys.size(); ++i) {
             if (keys[i].string() == key)
                 return i;
@@ -54,6 +81,8 @@ std::size_t KeyTable::Storage::find(std::string_view key) const noexcept {
 }
 
 void KeyTable::Storage::append(std::string_view key) {
+    if (keys.empty())
+        keys.reserve(leastCapacity);
     keys.emplace_back(key);
     if (keys.size() <= maximumLinearCount)
         return;
