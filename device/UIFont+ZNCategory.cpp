@@ -1,5 +1,6 @@
 #include "zarnic/UIFont+ZNCategory.h"
 
+#include "platform/drawing/FontFamilies.h"
 #include "zarnic/platform/UIFont.h"
 
 namespace zn {
@@ -18,9 +19,9 @@ std::vector<std::optional<std::string>> registeredNames(std::string_view path) {
 
 std::vector<std::string> ZN_GetAllFontNames() {
     std::vector<std::string> lines;
-    for (const std::string& family : UIFont::familyNames()) {
-        lines.push_back("Family name: " + family);
-        for (const std::string& font : UIFont::fontNamesForFamilyName(family))
+    for (const FontFamily& family : installedFamilies()) {
+        lines.push_back("Family name: " + family.name);
+        for (const std::string& font : family.fonts)
             lines.push_back("  Font name: " + font);
     }
     return lines;

@@ -6,11 +6,13 @@
 #include <cstdlib>
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <set>
 #include <vector>
 
 #include "platform/drawing/FontEngine.h"
+#include "platform/drawing/FontFamilies.h"
 
 namespace zn {
 namespace {
@@ -61,6 +63,14 @@ bool usable(FcPattern* font) {
     const std::string format = text(font, FC_FONTFORMAT);
     return format == "TrueType" || format == "CFF";
 }
+
+/// As fontconfig compares the names of families.
+struct IgnoringCase {
+    bool operator()(const std::string& left, const std::string& right) const {
+        return FcStrCmpIgnoreCase(reinterpret_cast<const FcChar8*>(left.c_str()),
+                                  reinterpret_cast<const FcChar8*>(right.c_str())) < 0;
+    }
+};
 
 bool anyFontInstalled() {
     const auto fonts = installedFonts();
@@ -140,6 +150,24 @@ std::string postScriptName(FcPattern* font) {
         std::erase(name, ' ');
     }
     return name;
+}
+
+std::vector<FontFamily> installedFamilies() {
+    std::set<std::string> families;
+    std::map<std::string, std::set<std::string>, IgnoringCase> fontNames;
+    const auto fonts = installedFonts();
+    for (FcPattern* font : patterns(fonts)) {
+        families.insert(text(font, FC_FAMILY));
+        const std::string name = postScriptName(font);
+        FcChar8* family = nullptr;
+        for (int i = 0; FcPatternGetString(font, FC_FAMILY, i, &family) == FcResultMatch; ++i)
+            fontNames[reinterpret_cast<const char*>(family)].insert(name);
+    }
+    std::vector<FontFamily> result;
+    result.reserve(families.size());
+    for (const std::string& family : families)
+        result.push_back({family, fontNames[family]});
+    return result;
 }
 
 std::vector<std::string> UIFont::familyNames() {

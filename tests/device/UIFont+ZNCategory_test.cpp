@@ -26,6 +26,13 @@ std::string contentsOf(const char* path) {
 
 TEST(UIFontCategory, eachFamilyIsALineFollowedByItsFonts) {
     const auto lines = ZN_GetAllFontNames();
+    std::vector<std::string> oneByOne;
+    for (const std::string& family : UIFont::familyNames()) {
+        oneByOne.push_back("Family name: " + family);
+        for (const std::string& font : UIFont::fontNamesForFamilyName(family))
+            oneByOne.push_back("  Font name: " + font);
+    }
+    EXPECT_EQ(lines, oneByOne);
     const auto family = std::ranges::find(lines, "Family name: DejaVu Sans Mono");
     ASSERT_NE(family, lines.end());
     EXPECT_THAT(
