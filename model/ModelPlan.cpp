@@ -6,6 +6,7 @@
 #include <shared_mutex>
 #include <unordered_map>
 
+#include "platform/foundation/FastThreadLocal.h"
 #include "zarnic/platform/NSString.h"
 
 namespace zn {
@@ -57,7 +58,7 @@ void ModelPlan::addTarget(const Class& type, const Property& property) {
 }
 
 const ModelPlan& ModelPlan::of(const Class& type) {
-    thread_local struct {
+    ZN_FAST_THREAD_LOCAL struct {
         const Class* type;
         const ModelPlan* plan;
     } last;

@@ -1,12 +1,13 @@
 #include "model/Nesting.h"
 
+#include "platform/foundation/FastThreadLocal.h"
 #include "zarnic/platform/NSException.h"
 
 namespace zn {
 namespace {
 
 constexpr int maximumDepth = 1024;
-thread_local int depth = 0;
+ZN_FAST_THREAD_LOCAL int depth = 0;
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include <mutex>
 #include <new>
 
+#include "platform/foundation/FastThreadLocal.h"
 #include "zarnic/platform/Class.h"
 #include "zarnic/platform/Value.h"
 
@@ -26,7 +27,7 @@ struct Teardown {
     /// weak reference, the last one, goes before its destructor's end.
     std::weak_ptr<const NSObject>* memory = nullptr;
 };
-thread_local constinit Teardown threadTeardown;
+ZN_FAST_THREAD_LOCAL constinit Teardown threadTeardown;
 
 }  // namespace
 

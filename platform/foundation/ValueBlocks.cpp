@@ -4,14 +4,15 @@
 #include <iterator>
 #include <memory>
 
+#include "platform/foundation/FastThreadLocal.h"
 #include "zarnic/platform/NSException.h"
 
 namespace zn {
 namespace {
 
 constexpr int maximumTeardownDepth = 64;
-thread_local int teardownDepth = 0;
-thread_local Container* deadContainers = nullptr;
+ZN_FAST_THREAD_LOCAL int teardownDepth = 0;
+ZN_FAST_THREAD_LOCAL Container* deadContainers = nullptr;
 
 }  // namespace
 
