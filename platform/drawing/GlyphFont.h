@@ -16,6 +16,7 @@ struct PlacedGlyph {
     std::uint32_t index;
     float x;
     float y;
+    friend bool operator==(const PlacedGlyph&, const PlacedGlyph&) = default;
 };
 
 /// Grey anti-aliasing, no hinting: outlines keep their shape and advances at every scale.

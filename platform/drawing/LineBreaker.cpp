@@ -69,13 +69,17 @@ LineBreaker::LineBreaker(std::string_view text, const TextStyle& style, Size box
       // Twice an em's advance for each byte stays within Pango's 32 bits.
       portion_(std::clamp<std::size_t>(static_cast<std::size_t>(1e6 / style.font->pointSize()), 32,
                                        largestPortion)),
+      wrappedPortion_(portion_),
       engine_(FontEngine::shared()) {
+    const auto linesOf = [&](double count) {
+        const double expected = likelyLength(width_, style.font->pointSize()) * count;
+        return std::max(smallestPortion, static_cast<std::size_t>(expected));
+    };
     if (style.numberOfLines > 0 && wraps()) {
-        const double expected = likelyLength(width_, style.font->pointSize()) *
-                                double(std::min<std::size_t>(style.numberOfLines, 100) + 1);
-        portion_ =
-            std::min(portion_, std::max(smallestPortion, static_cast<std::size_t>(expected)));
+        const auto count = double(std::min<std::size_t>(style.numberOfLines, 100) + 1);
+        portion_ = std::min(portion_, linesOf(count));
     }
+    wrappedPortion_ = linesStandAlone(text) ? std::min(portion_, linesOf(2)) : portion_;
 }
 
 void LineBreaker::run(const LineTaker& taker) {
@@ -93,6 +97,14 @@ void LineBreaker::run(const LineTaker& taker) {
     }
 }
 
+void LineBreaker::resume(std::size_t start, const LineTaker& taker) {
+    taker_ = &taker;
+    TextParagraph paragraph = paragraphAt(text_, 0);
+    direction_ = directionOf(text_.substr(0, paragraph.end));
+    paragraph.start = start;
+    breakParagraph(paragraph);
+}
+
 bool LineBreaker::breakParagraph(const TextParagraph& paragraph) {
     if (wraps())
         return breakWrapped(paragraph);
@@ -102,7 +114,7 @@ bool LineBreaker::breakParagraph(const TextParagraph& paragraph) {
 
 bool LineBreaker::breakWrapped(const TextParagraph& paragraph) {
     std::size_t start = paragraph.start;
-    std::size_t portion = portion_;
+    std::size_t portion = wrappedPortion_;
     do {
         const std::size_t end = portionEnd(start, portion, paragraph.end);
         const auto lock = engine_.lock();

@@ -50,6 +50,9 @@ public:
     /// Called for each line with the engine's lock held; returns the line's height.
     using LineTaker = std::function<double(const BrokenLine&)>;
     void run(const LineTaker& take);
+    /// For a text of one paragraph, whose lines stand alone: begins with the line that starts
+    /// there.
+    void resume(std::size_t start, const LineTaker& take);
 
     /// Beyond this a width counts as any: Pango counts 1024ths of points in 32 bits.
     static constexpr double widestBox = 100'000;
@@ -77,6 +80,8 @@ private:
     double height_;
     double lineHeight_;
     std::size_t portion_;
+    /// The same of text that is wrapped: Pango shapes all that is left again for each line.
+    std::size_t wrappedPortion_;
     FontEngine& engine_;
     const LineTaker* taker_ = nullptr;
     ParagraphDirection direction_ = ParagraphDirection::LeftToRight;

@@ -35,6 +35,22 @@ LineCollector::LineCollector(TextLayout::State& state, const TextSource& source)
       engine_(FontEngine::shared()),
       usual_{state.style.font->ascender(), -state.style.font->descender()} {}
 
+void LineCollector::keepLines(const TextLayout::State& from, std::size_t count,
+                              ParagraphDirection direction) {
+    const auto lineCount = static_cast<std::ptrdiff_t>(count);
+    const auto runCount = static_cast<std::ptrdiff_t>(from.lineRuns[count]);
+    state_.lines.assign(from.lines.begin(), from.lines.begin() + lineCount);
+    state_.lineRuns.assign(from.lineRuns.begin(), from.lineRuns.begin() + lineCount + 1);
+    state_.runs.assign(from.runs.begin(), from.runs.begin() + runCount);
+    if (!state_.runs.empty()) {
+        const auto& last = state_.runs.back();
+        state_.glyphs.assign(from.glyphs.begin(),
+                             from.glyphs.begin() + last.firstGlyph + last.glyphCount);
+    }
+    directions_.assign(count, direction);
+    bottom_ = count > 0 ? state_.lines.back().frame.maxY() : 0;
+}
+
 double LineCollector::add(const BrokenLine& line) {
     Extent extent = usual_;
     for (const LinePiece& piece : line.pieces)

@@ -12,6 +12,8 @@ class LineCollector {
 public:
     LineCollector(TextLayout::State& state, const TextSource& source);
 
+    /// Begins with lines of another layout.
+    void keepLines(const TextLayout::State& from, std::size_t count, ParagraphDirection direction);
     /// Wants the engine's lock; returns the line's height.
     double add(const BrokenLine& line);
     void finish();
@@ -37,5 +39,8 @@ private:
     /// Of each line, for natural alignment.
     std::vector<ParagraphDirection> directions_;
 };
+
+/// What the cursor steps over in a line, from its left end. Wants the engine's lock.
+std::vector<CaretStep> caretStepsOf(const BrokenLine& line, const TextSource& source);
 
 }  // namespace zn

@@ -27,9 +27,9 @@ void TextLayout::State::drawLine(cairo_t* context, std::size_t index, Point orig
                                  Drawing drawing) const {
     const Line& line = lines[index];
     const Point start{origin.x + line.frame.origin.x, origin.y + line.baseline};
-    for (std::uint32_t run = lineRuns[index]; run < lineRuns[index + 1]; ++run) {
-        const auto& font = *runs[run].font;
-        const auto shown = std::span(glyphs).subspan(runs[run].firstGlyph, runs[run].glyphCount);
+    for (const Run& run : runsOf(index)) {
+        const auto& font = *run.font;
+        const auto shown = glyphsOf(run);
         if (drawing == Drawing::Path && !font.colored())
             font.addPath(context, start, shown);
         else

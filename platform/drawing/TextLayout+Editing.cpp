@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/drawing/LineBreaker.h"
+#include "platform/drawing/LineCollector.h"
 #include "platform/drawing/TextLayoutState.h"
 
 namespace zn {
@@ -11,17 +11,6 @@ constexpr double caretWidth = 2;
 
 using Line = TextLayout::Line;
 using Steps = std::vector<CaretStep>;
-
-Steps stepsOf(const BrokenLine& line, const TextSource& source, double lineX) {
-    Steps steps;
-    for (const LinePiece& piece : line.pieces)
-        for (const CursorStep& step : cursorSteps(piece.layout.get(), piece.line)) {
-            const std::size_t start = source.originalPosition(piece.position(step.start));
-            const std::size_t end = source.originalPosition(piece.position(step.end));
-            steps.push_back({start, end, lineX + piece.x + step.x, step.width, step.rightToLeft});
-        }
-    return steps;
-}
 
 double leadingEdge(const CaretStep& step) {
     return step.rightToLeft ? step.x + step.width : step.x;
@@ -51,6 +40,29 @@ double caretX(const Line& line, const Steps& steps, std::size_t position) {
 
 }  // namespace
 
+Steps caretStepsOf(const BrokenLine& line, const TextSource& source) {
+    Steps steps;
+    for (const LinePiece& piece : line.pieces)
+        for (const CursorStep& step : cursorSteps(piece.layout.get(), piece.line)) {
+            const std::size_t start = source.originalPosition(piece.position(step.start));
+            const std::size_t end = source.originalPosition(piece.position(step.end));
+            steps.push_back({start, end, piece.x + step.x, step.width, step.rightToLeft});
+        }
+    return steps;
+}
+
+void TextLayout::State::setCaretSteps(std::vector<Steps> steps) {
+    std::call_once(caretsOnce_, [&] { placeCarets(std::move(steps)); });
+}
+
+void TextLayout::State::placeCarets(std::vector<Steps> steps) const {
+    steps.resize(lines.size());
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        for (CaretStep& step : steps[i])
+            step.x += lines[i].frame.minX();
+    carets_ = std::move(steps);
+}
+
 const std::vector<std::vector<CaretStep>>& TextLayout::State::caretSteps() const {
     std::call_once(caretsOnce_, [this] {
         const TextSource source(text);
@@ -59,11 +71,10 @@ const std::vector<std::vector<CaretStep>>& TextLayout::State::caretSteps() const
         LineBreaker(source.text(), style, box).run([&](const BrokenLine& line) {
             const std::size_t index = found.size();
             const Rect frame = index < lines.size() ? lines[index].frame : Rect();
-            found.push_back(stepsOf(line, source, frame.minX()));
+            found.push_back(caretStepsOf(line, source));
             return frame.height();
         });
-        found.resize(lines.size());
-        carets_ = std::move(found);
+        placeCarets(std::move(found));
     });
     return carets_;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,17 @@ struct TextLayout::State {
     void draw(cairo_t* context, Point origin, Drawing drawing) const;
     /// The steps of each line in the order of the text, found on first use.
     const std::vector<std::vector<CaretStep>>& caretSteps() const;
+    /// Those that were found while the lines were made, from each line's left end.
+    void setCaretSteps(std::vector<std::vector<CaretStep>> steps);
+
+    std::span<const Run> runsOf(std::size_t line) const {
+        return std::span(runs).subspan(lineRuns[line], lineRuns[line + 1] - lineRuns[line]);
+    }
+    std::span<const PlacedGlyph> glyphsOf(const Run& run) const {
+        return std::span(glyphs).subspan(run.firstGlyph, run.glyphCount);
+    }
+    /// Whether a line is drawn like one of another layout, and at the same place.
+    bool looksSame(std::size_t line, const State& other, std::size_t otherLine) const;
 
     std::string text;
     TextStyle style;
@@ -56,6 +68,8 @@ struct TextLayout::State {
 
 private:
     void drawLine(cairo_t* context, std::size_t index, Point origin, Drawing drawing) const;
+
+    void placeCarets(std::vector<std::vector<CaretStep>> steps) const;
 
     mutable std::once_flag caretsOnce_;
     mutable std::vector<std::vector<CaretStep>> carets_;

@@ -3,6 +3,7 @@
 #include <hb.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 
 namespace zn {
@@ -20,6 +21,30 @@ std::size_t characterLength(unsigned char lead) {
     if (lead < 0xC0)
         return 1;
     return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+}
+
+/// Where the letters of one script end, shaping begins anew; signs go with the letters before them.
+enum class Script { Common, Latin, Greek, Cyrillic, Other };
+
+Script scriptAt(std::string_view text, std::size_t position) {
+    const auto byte = [&](std::size_t offset) {
+        return position + offset < text.size() ? static_cast<unsigned char>(text[position + offset])
+                                               : 0U;
+    };
+    const unsigned lead = byte(0), pair = lead << 8 | byte(1);
+    if (lead < 0x80)
+        return std::isalpha(static_cast<int>(lead)) ? Script::Latin : Script::Common;
+    if (pair <= 0xC2BF)
+        return Script::Common;
+    if (pair < 0xCDB0)
+        return Script::Latin;
+    if (pair < 0xD080)
+        return Script::Greek;
+    if (pair < 0xD4B0)
+        return Script::Cyrillic;
+    // Dashes, quotation marks and the like: U+2010 to U+2027.
+    const bool sign = pair == 0xE280 && byte(2) >= 0x90 && byte(2) <= 0xA7;
+    return sign ? Script::Common : Script::Other;
 }
 
 std::size_t endOfSimple(std::string_view text, std::size_t position) {
@@ -68,6 +93,19 @@ constexpr gunichar rightToLeftMark = 0x200F;
 constexpr gunichar arabicLetterMark = 0x061C;
 
 }  // namespace
+
+bool linesStandAlone(std::string_view text) {
+    Script only = Script::Common;
+    for (std::size_t at = 0; at < text.size();) {
+        const Script script = scriptAt(text, at);
+        const bool another = script != Script::Common && only != Script::Common && script != only;
+        if (script == Script::Other || another)
+            return false;
+        only = std::max(only, script);
+        at += characterLength(static_cast<unsigned char>(text[at]));
+    }
+    return true;
+}
 
 ParagraphDirection directionOf(std::string_view paragraph) {
     hb_unicode_funcs_t* unicode = hb_unicode_funcs_get_default();

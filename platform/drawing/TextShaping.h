@@ -14,6 +14,10 @@ namespace zn {
 /// The direction of the first letter that has one; from left to right without.
 ParagraphDirection directionOf(std::string_view paragraph);
 
+/// Whether text may be shaped line by line: all its letters are of one script, in which they
+/// neither join nor run from right to left, so that no line depends on those above it.
+bool linesStandAlone(std::string_view text);
+
 // Everything below wants the engine's lock.
 
 inline constexpr std::string_view ellipsis = "\xE2\x80\xA6";

@@ -8,7 +8,7 @@
 namespace zn {
 namespace {
 
-constexpr Size tileSize{512, 128};
+constexpr Size tileSize{512, 64};
 /// Letters may stick out of the text's box by so many points.
 constexpr double overhang = 16;
 /// Seconds that the caret is on, and off.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/drawing/TextSource.h"
 
@@ -10,6 +11,17 @@ namespace {
 
 /// Letters may stick out of their line by so many lines.
 constexpr double overhang = 0.5;
+/// Typing changes so many bytes at most.
+constexpr std::size_t mostTyped = 64;
+
+/// What looks different in a paragraph from how it was at the same place.
+TextFlow::Band changedBand(double y, const TextLayout& before, const TextLayout& now) {
+    const auto [first, end] = now.differingLines(before);
+    const auto& lines = now.lines();
+    const double below = std::max(before.size().height, now.size().height);
+    return {y + (first < lines.size() ? lines[first].frame.minY() : now.size().height),
+            y + (end < lines.size() ? lines[end].frame.minY() : below)};
+}
 
 }  // namespace
 
@@ -29,13 +41,16 @@ void TextFlow::setText(std::string_view text) {
 }
 
 std::vector<TextFlow::Paragraph> TextFlow::laidOut(std::string_view text, std::size_t from,
-                                                   std::size_t to, End end) const {
+                                                   std::size_t to, End end,
+                                                   const TextLayout* before) const {
     std::vector<Paragraph> found;
     for (bool more = true; more;) {
         const TextParagraph each = paragraphAt(text, from);
-        found.push_back({each.start, each.end - each.start, each.next, 0,
-                         TextLayout::layout(text.substr(each.start, each.end - each.start), style_,
-                                            {width_, 0})});
+        const std::string_view part = text.substr(each.start, each.end - each.start);
+        const TextLayout* edited = std::exchange(before, nullptr);
+        found.push_back({each.start, part.size(), each.next, 0,
+                         edited ? TextLayout::editedLayout(part, *edited)
+                                : TextLayout::layout(part, style_, {width_, 0})});
         from = each.next;
         // A line end at the text's end has an empty line behind it.
         more = each.ended && (from < to || end == End::OfText);
@@ -66,13 +81,17 @@ TextFlow::Band TextFlow::replace(NSRange removed, std::size_t inserted, std::str
     const Paragraph& ending = paragraphs_[last];
     if (last + 1 < paragraphs_.size() && removed.end() > ending.start + ending.length)
         ++last;
-    const double top = paragraphs_[first].y;
-    const double bottom = paragraphs_[last].bottom();
+    Band changed{paragraphs_[first].y, paragraphs_[last].bottom()};
     const double height = size_.height;
     const auto shift = [&](std::size_t position) { return position - removed.length + inserted; };
+    // More text than is typed at once would keep the carets of paragraphs that nobody asks for.
+    const bool typed = first == last && removed.length + inserted <= mostTyped;
     const std::vector<Paragraph> fresh =
         laidOut(text, paragraphs_[first].start, shift(paragraphs_[last].next),
-                last + 1 == paragraphs_.size() ? End::OfText : End::OfPart);
+                last + 1 == paragraphs_.size() ? End::OfText : End::OfPart,
+                typed ? paragraphs_[first].layout.get() : nullptr);
+    if (first == last && fresh.size() == 1)
+        changed = changedBand(changed.top, *paragraphs_[first].layout, *fresh.front().layout);
     const auto begin = paragraphs_.begin() + static_cast<std::ptrdiff_t>(first);
     const auto end = paragraphs_.begin() + static_cast<std::ptrdiff_t>(last) + 1;
     for (auto each = end; each != paragraphs_.end(); ++each) {
@@ -84,9 +103,9 @@ TextFlow::Band TextFlow::replace(NSRange removed, std::size_t inserted, std::str
     const auto rest = paragraphs_.erase(begin + common, end);
     paragraphs_.insert(rest, fresh.begin() + common, fresh.end());
     measure(first);
-    const double now = paragraphs_[first + fresh.size() - 1].bottom();
-    const bool moved = size_.height != height;
-    return {top, moved ? std::max(height, size_.height) : std::max(bottom, now)};
+    if (size_.height != height)
+        changed.bottom = std::max(height, size_.height);
+    return changed;
 }
 
 std::size_t TextFlow::indexOf(std::size_t position) const {

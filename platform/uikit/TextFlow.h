@@ -60,8 +60,9 @@ private:
     };
 
     enum class End { OfPart, OfText };
-    std::vector<Paragraph> laidOut(std::string_view text, std::size_t from, std::size_t to,
-                                   End end) const;
+    /// `before` is what the first paragraph was, if it was edited.
+    std::vector<Paragraph> laidOut(std::string_view text, std::size_t from, std::size_t to, End end,
+                                   const TextLayout* before = nullptr) const;
     void measure(std::size_t first);
     std::size_t indexOf(std::size_t position) const;
     std::size_t indexAt(double y) const;

@@ -52,6 +52,9 @@ public:
     ~TextLayout() override;
 
     static Ref<TextLayout> layout(std::string_view text, const TextStyle& style, Size box);
+    /// The text that another one became by an edit, in its style and box: nobody shares it, what
+    /// stayed the same is not laid out again, and it knows its carets at once.
+    static Ref<TextLayout> editedLayout(std::string_view text, const TextLayout& before);
 
     struct Line {
         std::size_t start;
@@ -78,6 +81,14 @@ public:
     /// The boxes of the text between two positions, from left to right in each line; several in a
     /// line that mixes directions, none for no text.
     std::vector<Rect> boxesBetween(std::size_t from, std::size_t to) const;
+    /// Some lines: `end` is behind the last.
+    struct LineRange {
+        std::size_t first;
+        std::size_t end;
+    };
+    /// The lines that look different from those of another layout at the same height. Those above
+    /// and below look the same there.
+    LineRange differingLines(const TextLayout& other) const;
 
 private:
     std::unique_ptr<State> state_;
