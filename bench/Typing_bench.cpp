@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <random>
 #include <string>
 
 #include "bench/ZarnicScene.h"
@@ -16,14 +17,16 @@
 #include "zarnic/platform/UIScreen.h"
 #include "zarnic/platform/UITextView.h"
 
-/// A letter typed at the end of a text in an editor as large as the screen, and taken away again,
-/// each with layout and the repaint of what changed.
+/// A letter typed at the end of a text in an editor as large as the screen, with layout and the
+/// repaint of what changed. Words of five letters come at random, so that no text comes twice.
 namespace {
 
 constexpr double fontSize = 15;
 constexpr int width = 375;
 constexpr int height = 667;
 constexpr double scale = 2;
+/// So many letters are typed before the text begins again.
+constexpr int most = 200;
 
 /// So many bytes in paragraphs of at most so many.
 std::string textOf(std::size_t size, std::size_t paragraph) {
@@ -32,7 +35,7 @@ std::string textOf(std::size_t size, std::size_t paragraph) {
     std::size_t start = 0;
     while (text.size() < size) {
         text += sentence;
-        if (text.size() - start + sentence.size() > paragraph) {
+        if (paragraph < size && text.size() - start + sentence.size() > paragraph) {
             text.back() = '\n';
             start = text.size();
         }
@@ -64,13 +67,12 @@ public:
     ZarnicEditor(const ZarnicEditor&) = delete;
     ZarnicEditor& operator=(const ZarnicEditor&) = delete;
 
-    void type() {
-        zn::UIApplication::sharedApplication()->insertText("x");
+    void reset(const std::string& text) {
+        view_->setText(text);
         paint();
     }
-    void erase() {
-        zn::UIApplication::sharedApplication()->pressKey(
-            {zn::UIKeyboardHIDUsage::DeleteOrBackspace, 0, {}});
+    void type(char letter) {
+        zn::UIApplication::sharedApplication()->insertText({&letter, 1});
         paint();
     }
     const std::string& text() const { return view_->text(); }
@@ -95,15 +97,20 @@ public:
         edit_.setFrameShape(QFrame::NoFrame);
         edit_.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         edit_.resize(width, height);
-        edit_.setPlainText(QString::fromStdString(text));
         edit_.show();
+        reset(text);
+    }
+
+    void reset(const std::string& text) {
+        edit_.setPlainText(QString::fromStdString(text));
         edit_.moveCursor(QTextCursor::End);
         QApplication::processEvents();
         edit_.viewport()->render(&picture_);
     }
-
-    void type() { press(Qt::Key_X, "x"); }
-    void erase() { press(Qt::Key_Backspace, {}); }
+    void type(char letter) {
+        press(letter == ' ' ? Qt::Key_Space : Qt::Key_A + (letter - 'a'),
+              QString(QLatin1Char(letter)));
+    }
     std::string text() const { return edit_.toPlainText().toStdString(); }
     double contentHeight() const { return edit_.document()->size().height(); }
 
@@ -138,15 +145,25 @@ void typeAtEnd(benchmark::State& state) {
     {
         ZarnicEditor ours(text);
         QtEditor peer(text);
-        ours.type();
-        peer.type();
+        ours.type('x');
+        peer.type('x');
         requireSame(ours, peer);
     }
     Editor editor(text);
+    std::mt19937 random(1);
+    int typed = 0;
     for (auto _ : state) {
-        editor.type();
-        editor.erase();
+        const bool wordEnds = typed % 6 == 5;
+        editor.type(wordEnds ? ' ' : static_cast<char>('a' + random() % 26));
+        if (++typed == most) {
+            state.PauseTiming();
+            editor.reset(text);
+            typed = 0;
+            state.ResumeTiming();
+        }
     }
+    if (editor.text().size() != text.size() + static_cast<std::size_t>(typed))
+        state.SkipWithError("letters were lost");
 }
 
 void TypeAtEnd_Zarnic(benchmark::State& state) {
