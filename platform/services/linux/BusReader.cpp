@@ -46,7 +46,7 @@ bool BusReader::array(const char* contents, const std::function<void()>& item) {
 }
 
 bool BusReader::dictionary(const char* contents, const std::function<void()>& entry) {
-    return array(("{" + std::string(contents) + "}").c_str(), [&] {
+    return array(std::string("{").append(contents).append("}").c_str(), [&] {
         if (sd_bus_message_enter_container(message_, 'e', contents) <= 0) {
             failed_ = true;
             return;
