@@ -41,6 +41,7 @@ inline bool runUntil(const std::function<bool()>& holds, double patience = 60) {
 class HastyHelper final : public ZNImageHelper {
 public:
     Value downloadImageData(std::optional<std::string_view> url) const override {
+        held_.wait(true);
         ++fetches;
         const auto encoded = urlEncodeToCN(url);
         return NSURLConnection::sendSynchronousRequest(
@@ -53,8 +54,18 @@ public:
         return bufDownloading()->empty();
     }
 
+    /// Keeps what would be fetched until `release`.
+    void hold() { held_ = true; }
+    void release() {
+        held_ = false;
+        held_.notify_all();
+    }
+
     static constexpr double patience = 0.3;
     mutable std::atomic<int> fetches = 0;
+
+private:
+    std::atomic<bool> held_ = false;
 };
 
 }  // namespace zn
