@@ -21,6 +21,7 @@ endforeach()
 target_compile_definitions(zarnic-bench PRIVATE ZARNIC_START="$<TARGET_FILE:zarnic-start>"
     QT_START="$<TARGET_FILE:qt-start>")
 find_library(ZINT_LIBRARY zint REQUIRED)
+find_library(TURBOJPEG_LIBRARY turbojpeg REQUIRED)
 target_link_libraries(zarnic-bench PRIVATE
     zarnic
     benchmark::benchmark
@@ -38,6 +39,7 @@ target_link_libraries(zarnic-bench PRIVATE
     PkgConfig::ZXING
     SQLiteCpp
     simdjson::simdjson
+    ${TURBOJPEG_LIBRARY}
     ${ZINT_LIBRARY})
 target_link_libraries(zarnic-start PRIVATE zarnic)
 target_link_libraries(zarnic-fonts PRIVATE zarnic)
