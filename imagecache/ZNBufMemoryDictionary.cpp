@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "imagecache/KeyIndex.h"
+#include "imagecache/TimeNotes.h"
 #include "zarnic/platform/NSException.h"
 
 namespace zn {
@@ -17,28 +19,110 @@ double timeOf(const ZNBufMemoryModel& entry) {
     return std::isnan(time) ? std::numeric_limits<double>::infinity() : time;
 }
 
-}  // namespace
+/// Where an entry stands in the order of keys; given once, 0 to nobody.
+using Place = std::uint64_t;
 
-struct ZNBufMemoryDictionary::Slot {
+struct Slot {
     std::string key;
-    Ref<ZNBufMemoryModel> entry;
-    /// 0 while the slot is free.
+    KeyIndex::Hash hash = 0;
     Place place = 0;
+    Ref<ZNBufMemoryModel> entry;
 };
 
-ZNBufMemoryDictionary::ZNBufMemoryDictionary() = default;
+}  // namespace
+
+/// Each entry has at least one note, of a time that it had once: by now it may have a later one, or
+/// be gone. Slots are used again.
+struct ZNBufMemoryDictionary::State {
+    std::optional<KeyIndex::Number> find(std::string_view key) const;
+    KeyIndex::Number takeSlot(std::string_view key);
+    Ref<ZNBufMemoryModel> release(KeyIndex::Number number);
+    void note(KeyIndex::Number number);
+    void noteAllAgain();
+    bool settleFirstNote();
+
+    KeyIndex index;
+    std::vector<Slot> slots;
+    std::vector<KeyIndex::Number> freeSlots;
+    TimeNotes notes;
+    std::uint64_t knownSetBacks = 0;
+    Place nextPlace = 1;
+};
+
+std::optional<KeyIndex::Number> ZNBufMemoryDictionary::State::find(std::string_view key) const {
+    return index.find(KeyIndex::hashOf(key),
+                      [&](KeyIndex::Number number) { return slots[number].key == key; });
+}
+
+KeyIndex::Number ZNBufMemoryDictionary::State::takeSlot(std::string_view key) {
+    if (freeSlots.empty()) {
+        freeSlots.push_back(static_cast<KeyIndex::Number>(slots.size()));
+        slots.emplace_back();
+    }
+    const KeyIndex::Number number = freeSlots.back();
+    Slot& slot = slots[number];
+    slot.key = key;
+    slot.hash = KeyIndex::hashOf(key);
+    index.add(slot.hash, number);
+    slot.place = nextPlace++;
+    freeSlots.pop_back();
+    return number;
+}
+
+Ref<ZNBufMemoryModel> ZNBufMemoryDictionary::State::release(KeyIndex::Number number) {
+    freeSlots.push_back(number);
+    Slot& slot = slots[number];
+    index.remove(slot.hash, number);
+    slot.place = 0;
+    return std::move(slot.entry);
+}
+
+void ZNBufMemoryDictionary::State::note(KeyIndex::Number number) {
+    if (notes.count() >= 2 * index.count() + fewNotes)
+        noteAllAgain();
+    notes.add({timeOf(*slots[number].entry), slots[number].place, number});
+}
+
+void ZNBufMemoryDictionary::State::noteAllAgain() {
+    notes.clear();
+    for (KeyIndex::Number number = 0; number < slots.size(); ++number) {
+        if (slots[number].entry)
+            notes.add({timeOf(*slots[number].entry), slots[number].place, number});
+    }
+}
+
+/// Whether the first note is true. One of an entry that is gone goes; one of an entry that was used
+/// since goes to where it belongs now.
+bool ZNBufMemoryDictionary::State::settleFirstNote() {
+    const TimeNotes::Note first = notes.first();
+    const Slot& slot = slots[first.slot];
+    if (slot.place == first.place && timeOf(*slot.entry) == first.time)
+        return true;
+    notes.removeFirst();
+    if (slot.place == first.place)
+        note(first.slot);
+    return false;
+}
+
+ZNBufMemoryDictionary::ZNBufMemoryDictionary() : state_(std::make_unique<State>()) {}
 
 ZNBufMemoryDictionary::~ZNBufMemoryDictionary() = default;
 
+std::size_t ZNBufMemoryDictionary::count() const {
+    return state_->index.count();
+}
+
 Ref<ZNBufMemoryModel> ZNBufMemoryDictionary::objectForKey(std::string_view key) const {
-    const auto found = index_.find(key);
-    return found == index_.end() ? nullptr : found->second->entry;
+    const auto found = state_->find(key);
+    return found ? state_->slots[*found].entry : nullptr;
 }
 
 std::vector<std::string> ZNBufMemoryDictionary::allKeys() const {
     std::vector<const Slot*> used;
-    for (const auto& [key, slot] : index_)
-        used.push_back(slot);
+    for (const Slot& slot : state_->slots) {
+        if (slot.entry)
+            used.push_back(&slot);
+    }
     std::ranges::sort(used, {}, &Slot::place);
     std::vector<std::string> keys;
     for (const Slot* slot : used)
@@ -49,94 +133,39 @@ std::vector<std::string> ZNBufMemoryDictionary::allKeys() const {
 void ZNBufMemoryDictionary::setObjectForKey(Ref<ZNBufMemoryModel> entry, std::string_view key) {
     if (!entry)
         throw NSException(NSInvalidArgumentException, "a dictionary holds no null object");
-    const auto found = index_.find(key);
-    Slot& slot = found == index_.end() ? takeSlot(key) : *found->second;
+    const auto found = state_->find(key);
+    const KeyIndex::Number number = found ? *found : state_->takeSlot(key);
     // The former entry dies last: its image may be large, and what it calls may come back here.
-    std::swap(slot.entry, entry);
-    addNote(slot);
-}
-
-ZNBufMemoryDictionary::Slot& ZNBufMemoryDictionary::takeSlot(std::string_view key) {
-    if (freeSlots_.empty())
-        freeSlots_.push_back(&slots_.emplace_back());
-    Slot& slot = *freeSlots_.back();
-    slot.key = key;
-    index_.emplace(slot.key, &slot);
-    slot.place = nextPlace_++;
-    freeSlots_.pop_back();
-    return slot;
+    std::swap(state_->slots[number].entry, entry);
+    state_->note(number);
 }
 
 void ZNBufMemoryDictionary::removeObjectForKey(std::string_view key) {
-    if (const auto found = index_.find(key); found != index_.end())
-        release(*found->second);
-}
-
-Ref<ZNBufMemoryModel> ZNBufMemoryDictionary::release(Slot& slot) {
-    freeSlots_.push_back(&slot);
-    index_.erase(slot.key);
-    slot.place = 0;
-    return std::move(slot.entry);
+    if (const auto found = state_->find(key))
+        state_->release(*found);
 }
 
 void ZNBufMemoryDictionary::removeAllObjects() {
-    const auto former = std::exchange(slots_, {});
-    index_.clear();
-    freeSlots_.clear();
-    notes_.clear();
+    const auto former = std::exchange(state_->slots, {});
+    state_->index.clear();
+    state_->freeSlots.clear();
+    state_->notes.clear();
 }
 
 Ref<ZNBufMemoryModel> ZNBufMemoryDictionary::takeOldestBefore(double time) {
     if (const auto setBacks = ZNBufMemoryModel::setBacks().load(std::memory_order_acquire);
-        setBacks != knownSetBacks_) {
-        knownSetBacks_ = setBacks;
-        noteAllAgain();
+        setBacks != state_->knownSetBacks) {
+        state_->knownSetBacks = setBacks;
+        state_->noteAllAgain();
     }
-    while (!notes_.empty() && !settleFirstNote()) {
+    TimeNotes& notes = state_->notes;
+    while (!notes.empty() && !state_->settleFirstNote()) {
     }
-    if (notes_.empty() || !(notes_.front().time < time))
+    if (notes.empty() || !(notes.first().time < time))
         return nullptr;
-    Slot& oldest = *notes_.front().slot;
-    dropFirstNote();
-    return release(oldest);
-}
-
-/// Whether the first note is true. One of an entry that is gone goes; one of an entry that was used
-/// since goes to where it belongs now.
-bool ZNBufMemoryDictionary::settleFirstNote() {
-    const Note first = notes_.front();
-    if (first.slot->place != first.place) {
-        dropFirstNote();
-        return false;
-    }
-    if (timeOf(*first.slot->entry) == first.time)
-        return true;
-    dropFirstNote();
-    addNote(*first.slot);
-    return false;
-}
-
-bool ZNBufMemoryDictionary::later(const Note& left, const Note& right) {
-    return left.time != right.time ? left.time > right.time : left.place > right.place;
-}
-
-void ZNBufMemoryDictionary::addNote(Slot& slot) {
-    if (notes_.size() >= 2 * index_.size() + fewNotes)
-        noteAllAgain();
-    notes_.push_back({timeOf(*slot.entry), slot.place, &slot});
-    std::push_heap(notes_.begin(), notes_.end(), later);
-}
-
-void ZNBufMemoryDictionary::dropFirstNote() {
-    std::pop_heap(notes_.begin(), notes_.end(), later);
-    notes_.pop_back();
-}
-
-void ZNBufMemoryDictionary::noteAllAgain() {
-    notes_.clear();
-    for (const auto& [key, slot] : index_)
-        notes_.push_back({timeOf(*slot->entry), slot->place, slot});
-    std::make_heap(notes_.begin(), notes_.end(), later);
+    const KeyIndex::Number oldest = notes.first().slot;
+    notes.removeFirst();
+    return state_->release(oldest);
 }
 
 }  // namespace zn

@@ -1,5 +1,7 @@
 #include "zarnic/ZNFileHelper.h"
 
+#include <filesystem>
+
 #include "storage/WeightedSize.h"
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/platform/NSFileManager.h"
@@ -18,11 +20,17 @@ bool isFolder(std::string_view path) {
     return files().fileExistsAtPath(path, isDirectory) && isDirectory;
 }
 
-/// A new, empty file with the folders on its way.
-bool makeFile(std::string_view path) {
+bool makeFolderOf(std::string_view path) {
     const std::size_t slash = path.rfind('/');
-    return slash != path.npos && files().createDirectoryAtPath(path.substr(0, slash), true) &&
-           files().createFileAtPath(path);
+    return slash != path.npos && files().createDirectoryAtPath(path.substr(0, slash), true);
+}
+
+/// Whole from the moment on at which others see it; empty when it cannot be written.
+bool makeFile(std::string_view path, const Value& fileData) {
+    // Through a link that leads nowhere its target is made.
+    if (std::error_code error; std::filesystem::is_symlink(path, error))
+        return files().createFileAtPath(path) && (writeToFile(fileData, path, true), true);
+    return writeToFile(fileData, path, true) || files().createFileAtPath(path);
 }
 
 }  // namespace
@@ -48,8 +56,8 @@ bool ZNFileHelper::WriteFileAtPath(std::string_view path, bool withIntermediateD
                                    const Value& fileData) {
     if (!zn_NotNull(fileData))
         return false;
-    if (!FileExistsAtPath(path) && (!withIntermediateDirectories || !makeFile(path)))
-        return false;
+    if (!FileExistsAtPath(path))
+        return withIntermediateDirectories && makeFolderOf(path) && makeFile(path, fileData);
     // On purpose the outcome of the writing itself does not count.
     writeToFile(fileData, path, true);
     return true;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
-#include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "zarnic/ZNBufMemoryModel.h"
@@ -20,7 +18,7 @@ public:
     ZNBufMemoryDictionary();
     ~ZNBufMemoryDictionary() override;
 
-    std::size_t count() const { return index_.size(); }
+    std::size_t count() const;
     /// Null for a key that is not there.
     Ref<ZNBufMemoryModel> objectForKey(std::string_view key) const;
     /// In enumeration order.
@@ -37,32 +35,8 @@ public:
     Ref<ZNBufMemoryModel> takeOldestBefore(double time);
 
 private:
-    /// Where an entry stands in the order of keys; given once.
-    using Place = std::uint64_t;
-    struct Slot;
-    /// A time that an entry had once: by now it may have a later one, or be gone.
-    struct Note {
-        double time;
-        Place place;
-        Slot* slot;
-    };
-    static bool later(const Note& left, const Note& right);
-
-    Slot& takeSlot(std::string_view key);
-    Ref<ZNBufMemoryModel> release(Slot& slot);
-    void addNote(Slot& slot);
-    void dropFirstNote();
-    void noteAllAgain();
-    bool settleFirstNote();
-
-    std::unordered_map<std::string_view, Slot*> index_;
-    /// Each stays where it is and is used again.
-    std::deque<Slot> slots_;
-    std::vector<Slot*> freeSlots_;
-    /// A heap, the earliest time first; at least one note for each entry.
-    std::vector<Note> notes_;
-    std::uint64_t knownSetBacks_ = 0;
-    Place nextPlace_ = 1;
+    struct State;
+    std::unique_ptr<State> state_;
 };
 
 }  // namespace zn
