@@ -49,7 +49,7 @@ zarnic_library(zarnic
         GIF::GIF
         PkgConfig::CAIRO
         PkgConfig::CRYPTO
-        PkgConfig::CURL
+        ${CMAKE_DL_LIBS}
         PkgConfig::ICU
         PkgConfig::JPEG
         PkgConfig::PLIST
@@ -59,6 +59,8 @@ zarnic_library(zarnic
         PkgConfig::SQLITE
         PkgConfig::WEBP
         PkgConfig::ZXING)
+# Its functions are looked up when they are first needed.
+target_include_directories(zarnic PRIVATE ${CURL_INCLUDE_DIRS})
 zarnic_library(zarnic-sdl FLOORS host/sdl PUBLIC_LINK zarnic PRIVATE_LINK PkgConfig::SDL2)
 zarnic_library(zarnic-testing FLOORS testing PUBLIC_LINK zarnic)
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <curl/curl.h>
-
 #include <memory>
 #include <string>
+
+#include "platform/services/linux/Curl.h"
 
 namespace zn {
 
@@ -15,21 +15,17 @@ public:
     /// nothing left to make it of.
     static HttpHandle* ofThisThread();
 
+    const Curl& library() const { return library_; }
     CURL* easy() const { return easy_.get(); }
     CURLM* multi() const { return multi_.get(); }
     std::string& room() { return room_; }
 
 private:
-    struct Cleanup {
-        void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
-    };
-    struct MultiCleanup {
-        void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
-    };
-    HttpHandle();
+    explicit HttpHandle(const Curl& library);
 
-    const std::unique_ptr<CURLM, MultiCleanup> multi_;
-    const std::unique_ptr<CURL, Cleanup> easy_;
+    const Curl& library_;
+    const std::unique_ptr<CURLM, decltype(Curl::multiCleanup)> multi_;
+    const std::unique_ptr<CURL, decltype(Curl::easyCleanup)> easy_;
     std::string room_;
 };
 

@@ -33,6 +33,7 @@ long milliseconds(Clock::Ticks span) {
 
 HttpTransfer::HttpTransfer(HttpHandle& handle, const HttpOptions& options)
     : handle_(handle),
+      curl_(handle.library()),
       options_(options),
       body_(handle.room()),
       patience_(ticksFromSeconds(options.idleSeconds)) {
@@ -45,7 +46,7 @@ HttpTransfer::~HttpTransfer() {
 }
 
 Value HttpTransfer::run() {
-    curl_easy_reset(handle_.easy());
+    curl_.easyReset(handle_.easy());
     setOptions();
     setCallbacks();
     return perform() ? Value::data(std::as_bytes(std::span(body_))) : Value();
@@ -53,27 +54,29 @@ Value HttpTransfer::run() {
 
 void HttpTransfer::setOptions() {
     CURL* easy = handle_.easy();
-    curl_easy_setopt(easy, CURLOPT_URL, options_.url.c_str());
-    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 1L);
-    curl_easy_setopt(easy, CURLOPT_MAXREDIRS, mostRedirects);
-    curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
-    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, receivedAtOnce);
-    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, milliseconds(patience_));
+    const auto setopt = curl_.easySetopt;
+    setopt(easy, CURLOPT_URL, options_.url.c_str());
+    setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+    setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+    setopt(easy, CURLOPT_FOLLOWLOCATION, 1L);
+    setopt(easy, CURLOPT_MAXREDIRS, mostRedirects);
+    setopt(easy, CURLOPT_ACCEPT_ENCODING, "gzip, deflate");
+    setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    setopt(easy, CURLOPT_BUFFERSIZE, receivedAtOnce);
+    setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, milliseconds(patience_));
     // What a server says before the body comes; what comes is counted besides.
-    curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE,
-                     static_cast<curl_off_t>(std::min(options_.largestBody, largestAnnounced)));
+    setopt(easy, CURLOPT_MAXFILESIZE_LARGE,
+           static_cast<curl_off_t>(std::min(options_.largestBody, largestAnnounced)));
     if (!options_.userAgent.empty())
-        curl_easy_setopt(easy, CURLOPT_USERAGENT, options_.userAgent.c_str());
+        setopt(easy, CURLOPT_USERAGENT, options_.userAgent.c_str());
     if (!options_.certificates.empty())
-        curl_easy_setopt(easy, CURLOPT_CAINFO, options_.certificates.c_str());
+        setopt(easy, CURLOPT_CAINFO, options_.certificates.c_str());
 }
 
 /// Nothing may be thrown through libcurl: where something could be, an error comes back.
 void HttpTransfer::setCallbacks() {
     CURL* easy = handle_.easy();
+    const auto setopt = curl_.easySetopt;
     using Callback = std::size_t (*)(char*, std::size_t, std::size_t, HttpTransfer*);
     const Callback head = [](char*, std::size_t size, std::size_t count, HttpTransfer* transfer) {
         return transfer->receiveHead(size * count);
@@ -86,39 +89,39 @@ void HttpTransfer::setCallbacks() {
         static_cast<HttpTransfer*>(transfer)->noteProgress();
         return CURL_PREREQFUNC_OK;
     };
-    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, head);
-    curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
-    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, body);
-    curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
-    curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, static_cast<curl_prereq_callback>(connected));
-    curl_easy_setopt(easy, CURLOPT_PREREQDATA, this);
-    curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
+    setopt(easy, CURLOPT_HEADERFUNCTION, head);
+    setopt(easy, CURLOPT_HEADERDATA, this);
+    setopt(easy, CURLOPT_WRITEFUNCTION, body);
+    setopt(easy, CURLOPT_WRITEDATA, this);
+    setopt(easy, CURLOPT_PREREQFUNCTION, static_cast<curl_prereq_callback>(connected));
+    setopt(easy, CURLOPT_PREREQDATA, this);
+    setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
 }
 
 /// Libcurl's own time-outs count in whole seconds and look once a second; this one is exact.
 bool HttpTransfer::perform() {
     CURLM* multi = handle_.multi();
-    if (curl_multi_add_handle(multi, handle_.easy()) != CURLM_OK)
+    if (curl_.multiAddHandle(multi, handle_.easy()) != CURLM_OK)
         return false;
     noteProgress();
     int running = 1;
-    while (curl_multi_perform(multi, &running) == CURLM_OK && running > 0 && wait()) {
+    while (curl_.multiPerform(multi, &running) == CURLM_OK && running > 0 && wait()) {
     }
     const CURLcode outcome = result();
-    curl_multi_remove_handle(multi, handle_.easy());
+    curl_.multiRemoveHandle(multi, handle_.easy());
     return outcome == CURLE_OK;
 }
 
 bool HttpTransfer::wait() {
     const auto left = deadline_ - clock_.ticks();
     return left > Clock::Ticks::zero() &&
-           curl_multi_poll(handle_.multi(), nullptr, 0, static_cast<int>(milliseconds(left)),
+           curl_.multiPoll(handle_.multi(), nullptr, 0, static_cast<int>(milliseconds(left)),
                            nullptr) == CURLM_OK;
 }
 
 CURLcode HttpTransfer::result() const {
     int left = 0;
-    const CURLMsg* message = curl_multi_info_read(handle_.multi(), &left);
+    const CURLMsg* message = curl_.multiInfoRead(handle_.multi(), &left);
     return message != nullptr && message->msg == CURLMSG_DONE ? message->data.result
                                                               : CURLE_OPERATION_TIMEDOUT;
 }
@@ -149,7 +152,7 @@ std::size_t HttpTransfer::receiveBody(const char* bytes, std::size_t size) {
 
 void HttpTransfer::makeRoom() {
     curl_off_t announced = 0;
-    curl_easy_getinfo(handle_.easy(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
+    curl_.easyGetinfo(handle_.easy(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
     const auto length = static_cast<std::uint64_t>(std::max<curl_off_t>(announced, 0));
     body_.reserve(std::min({length, options_.largestBody, roomToTrust}));
 }

@@ -41,6 +41,7 @@ private:
     void makeRoom();
 
     HttpHandle& handle_;
+    const Curl& curl_;
     const HttpOptions& options_;
     std::string& body_;
     std::size_t headSize_ = 0;
