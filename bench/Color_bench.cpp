@@ -41,9 +41,9 @@ void readHexColorPeer(benchmark::State& state) {
 void writeHexColorOurs(benchmark::State& state) {
     const auto color = ZN_ColorWithHexString(texts[1]);
     const QColor peer = QColor::fromString(QLatin1StringView(texts[1]));
-    requireSame(
-        "#" + ZN_HexStringWithColor(color, true) == peer.name(QColor::HexArgb).toStdString(),
-        "write");
+    requireSame(std::string("#").append(ZN_HexStringWithColor(color, true)) ==
+                    peer.name(QColor::HexArgb).toStdString(),
+                "write");
     for ([[maybe_unused]] auto each : state)
         benchmark::DoNotOptimize(ZN_HexStringWithColor(color, true));
 }

@@ -10,7 +10,7 @@ public:
     std::string text(std::size_t size) {
         std::string result = "[";
         for (int id = 0; result.size() < size; ++id)
-            result += (id > 0 ? "," : "") + record(id);
+            result.append(id > 0 ? "," : "").append(record(id));
         return result + "]";
     }
 
@@ -44,12 +44,12 @@ private:
     std::string list(std::size_t count, Item item) {
         std::string result = "[";
         for (std::size_t i = 0; i < count; ++i)
-            result += (i > 0 ? "," : "") + item();
+            result.append(i > 0 ? "," : "").append(item());
         return result + "]";
     }
 
     std::string record(int id) {
-        const auto tag = [this] { return "\"" + words(1) + "\""; };
+        const auto tag = [this] { return std::string("\"").append(words(1)).append("\""); };
         const auto friendOf = [this] {
             return "{\"id\":" + std::to_string(below(1000)) + ",\"name\":\"" + words(2) + "\"}";
         };
