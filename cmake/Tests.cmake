@@ -12,9 +12,11 @@ file(GLOB support_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/
 add_library(zarnic-test-main OBJECT ${support_sources})
 target_include_directories(zarnic-test-main PRIVATE ${PROJECT_SOURCE_DIR})
 target_link_libraries(zarnic-test-main PUBLIC GTest::gmock PRIVATE PkgConfig::SDBUS)
-# A third of what a test's compilation takes, so compiled once.
-target_precompile_headers(zarnic-test-main PRIVATE <gmock/gmock.h>)
-if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+# A third of what a test's compilation takes, so where only gcc looks at it, it is compiled once: the
+# tools of clang cannot read what gcc makes of it.
+option(ZARNIC_PRECOMPILED_HEADERS "Compile the test framework's headers once (gcc)" OFF)
+if(ZARNIC_PRECOMPILED_HEADERS)
+    target_precompile_headers(zarnic-test-main PRIVATE <gmock/gmock.h>)
     # Lets ccache see what was compiled before.
     target_compile_options(zarnic-test-main PUBLIC -fpch-preprocess)
 endif()
@@ -28,8 +30,12 @@ function(zarnic_test_program topic)
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(${program} PRIVATE ZARNIC_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${program} PRIVATE zarnic zarnic-test-main)
-    target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
-    target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
+    if(ZARNIC_PRECOMPILED_HEADERS)
+        target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
+    endif()
+    if(ZARNIC_PRECOMPILED_HEADERS)
+        target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
+    endif()
     if(TARGET zarnic-gallery)
         target_compile_definitions(${program} PRIVATE
             ZARNIC_GALLERY="$<TARGET_FILE:zarnic-gallery>")

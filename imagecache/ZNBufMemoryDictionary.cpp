@@ -124,9 +124,8 @@ std::vector<std::string> ZNBufMemoryDictionary::allKeys() const {
             used.push_back(&slot);
     }
     std::ranges::sort(used, {}, &Slot::place);
-    std::vector<std::string> keys;
-    for (const Slot* slot : used)
-        keys.push_back(slot->key);
+    std::vector<std::string> keys(used.size());
+    std::ranges::transform(used, keys.begin(), &Slot::key);
     return keys;
 }
 

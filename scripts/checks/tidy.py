@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """tidy.py BUILD: runs clang-tidy over the sources of the libraries. What passed once is not looked
 at again before it, a header that it includes, or the rules change. What changed last comes first,
-and no file is begun after ZARNIC_TIDY_SECONDS (300, or 0 for no limit): `scripts/test --soak` looks
+and no file is begun after ZARNIC_TIDY_SECONDS (180, or 0 for no limit): `scripts/test --soak` looks
 at all of them."""
 
 import concurrent.futures
@@ -56,7 +56,7 @@ def main():
     salt = version + (sources.ROOT / ".clang-tidy").read_bytes()
     states = {name: state(name, salt) for name in sources_to_look_at(build)}
     waiting = latest_first(name for name in states if not (passed / states[name]).exists())
-    seconds = float(os.environ.get("ZARNIC_TIDY_SECONDS", "300"))
+    seconds = float(os.environ.get("ZARNIC_TIDY_SECONDS", "180"))
     deadline = time.monotonic() + seconds if seconds > 0 else float("inf")
     failures = left = 0
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
