@@ -160,7 +160,7 @@ void PictureServer::acceptAll() {
                 ::close(socket);
             return;
         }
-        Connection& connection = connections_.emplace_back(socket, std::thread());
+        Connection& connection = connections_.emplace_back(Connection{socket, {}});
         connection.thread = std::thread([this, &connection] { serve(connection); });
     }
 }
