@@ -127,6 +127,7 @@ TEST_F(HostileDownloadsTest, theGoodArriveOnceAndTheBadAreSilent) {
 using HostileDownloadsSoakTest = HostileDownloadsTest;
 
 TEST_F(HostileDownloadsSoakTest, tenThousandTimes) {
+    helper->patience = 0.3;
     survive(10'000);
 }
 

@@ -61,7 +61,8 @@ public:
         held_.notify_all();
     }
 
-    static constexpr double patience = 0.3;
+    /// Seconds without progress that it waits.
+    double patience = 0.7;
     mutable std::atomic<int> fetches = 0;
 
 private:
