@@ -20,8 +20,6 @@ if(ZARNIC_PRECOMPILED_HEADERS)
     # Lets ccache see what was compiled before.
     target_compile_options(zarnic-test-main PUBLIC -fpch-preprocess)
 endif()
-# Half of what a test's compilation takes, so compiled once.
-target_precompile_headers(zarnic-test-main PRIVATE <gmock/gmock.h>)
 
 function(zarnic_test_program topic)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${topic}/*.cpp)
@@ -30,9 +28,6 @@ function(zarnic_test_program topic)
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(${program} PRIVATE ZARNIC_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${program} PRIVATE zarnic zarnic-test-main)
-    if(ZARNIC_PRECOMPILED_HEADERS)
-        target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
-    endif()
     if(ZARNIC_PRECOMPILED_HEADERS)
         target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
     endif()

@@ -9,7 +9,6 @@
 #include "tests/imagecache/RealTime.h"
 #include "tests/imagecache/TestImages.h"
 #include "tests/support/HostileServer.h"
-#include "zarnic/NSString+ZNCategory.h"
 
 namespace zn {
 namespace {
@@ -36,9 +35,6 @@ protected:
         return told;
     }
     std::string newURL() { return server.url("/good") + "#" + std::to_string(++lastNumber); }
-    std::string lastKey() const {
-        return zn::zn_EncryptMD5(server.url("/good") + "#" + std::to_string(lastNumber)).value();
-    }
 
     const OwnHome home;
     HostileServer server{goodBody()};
@@ -46,17 +42,44 @@ protected:
     int lastNumber = 0;
 };
 
+/// No descriptor can be had while this lives.
+class NoDescriptors {
+public:
+    NoDescriptors() {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        rlimit none = before_;
+        none.rlim_cur = 0;
+        setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~NoDescriptors() { setrlimit(RLIMIT_NOFILE, &before_); }
+    NoDescriptors(const NoDescriptors&) = delete;
+    NoDescriptors& operator=(const NoDescriptors&) = delete;
+
+private:
+    rlimit before_ = {};
+};
+
 TEST_F(ScarceMachineTest, withoutDescriptorsPicturesFailAndWithThemTheyComeAgain) {
     EXPECT_EQ(arrived(3), 3);
-    rlimit before = {};
-    getrlimit(RLIMIT_NOFILE, &before);
-    rlimit none = before;
-    none.rlim_cur = 0;
-    setrlimit(RLIMIT_NOFILE, &none);
-    EXPECT_EQ(arrived(20), 0);
-    setrlimit(RLIMIT_NOFILE, &before);
+    {
+        const NoDescriptors none;
+        EXPECT_EQ(arrived(20), 0);
+    }
     EXPECT_EQ(arrived(20), 20);
 }
+
+// The undefined behaviour sanitizer takes an object for broken where it meets its type first
+// without a descriptor to look at its memory with.
+#ifndef __SANITIZE_ADDRESS__
+TEST_F(ScarceMachineTest, theFirstRequestMayComeWithoutDescriptors) {
+    NSRunLoop::mainRunLoop()->runPass();
+    {
+        const NoDescriptors none;
+        EXPECT_EQ(arrived(3), 0);
+    }
+    EXPECT_EQ(arrived(3), 3);
+}
+#endif
 
 /// The folder of the files is a file system of its own, in a view of the machine that only this
 /// process has.

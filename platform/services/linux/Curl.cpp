@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 
+#include <mutex>
 #include <optional>
 
 #include "platform/services/linux/OpenSSL.h"
@@ -43,15 +44,26 @@ std::optional<Curl> load() {
     if (library != nullptr && find(library, "curl_global_init", globalInit) &&
         findAll(library, curl) && globalInit(CURL_GLOBAL_DEFAULT) == CURLE_OK)
         return curl;
-    const char* reason = dlerror();
-    NSLog("no web without libcurl: %s", reason != nullptr ? reason : "it does not start");
     return std::nullopt;
+}
+
+void logFailureOnce() {
+    static std::once_flag logged;
+    const char* reason = dlerror();
+    std::call_once(logged, [reason] {
+        NSLog("no web without libcurl: %s", reason != nullptr ? reason : "it does not start");
+    });
 }
 
 }  // namespace
 
 const Curl* Curl::library() {
-    static const std::optional<Curl> loaded = load();
+    static std::mutex mutex;
+    static std::optional<Curl> loaded;
+    const std::lock_guard guard(mutex);
+    // Without descriptors it cannot be loaded either, but there may be some the next time.
+    if (!loaded && !(loaded = load()))
+        logFailureOnce();
     return loaded ? &*loaded : nullptr;
 }
 

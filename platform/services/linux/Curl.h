@@ -7,7 +7,8 @@ namespace zn {
 /// What is used of libcurl. It is loaded when something is first asked of the web: with the 26
 /// libraries that it needs in turn, loading it takes as long as the rest of a program's start.
 struct Curl {
-    /// Null when the system has no libcurl, which is logged once.
+    /// Null when it cannot be loaded, which is logged once and tried again the next time. Any
+    /// thread.
     static const Curl* library();
 
     decltype(&curl_easy_init) easyInit = nullptr;
