@@ -39,5 +39,5 @@ if(MOLD_PROGRAM AND PROJECT_IS_TOP_LEVEL)
 endif()
 
 # One place says the version: the project command.
-set_source_files_properties(platform/foundation/Version.cpp PROPERTIES COMPILE_DEFINITIONS
+set_source_files_properties(platform/foundation/base/Version.cpp PROPERTIES COMPILE_DEFINITIONS
     "ZARNIC_VERSION_NUMBER=${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR};ZARNIC_VERSION_STRING=\"${PROJECT_VERSION}\"")

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/foundation/ContainerFiller.h"
+#include "platform/foundation/archives/ContainerFiller.h"
 #include "zarnic/UIViewController+ZNCategory.h"
 #include "zarnic/platform/CAAnimation.h"
 #include "zarnic/platform/NSURL.h"

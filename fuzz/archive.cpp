@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/foundation/ContainerFiller.h"
+#include "platform/foundation/archives/ContainerFiller.h"
 #include "zarnic/platform/NSKeyedArchiver.h"
 #include "zarnic/platform/NSKeyedUnarchiver.h"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "platform/foundation/JSONWriter.h"
+#include "platform/foundation/json/JSONWriter.h"
 #include "zarnic/platform/NSJSONSerialization.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/foundation/StringsParser.h"
+#include "platform/foundation/bundle/StringsParser.h"
 #include "zarnic/platform/NSString.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/foundation/Utf8.h"
+#include "platform/foundation/text/Utf8.h"
 #include "zarnic/UIColor+ZNCategory.h"
 #include "zarnic/platform/NSString.h"
 

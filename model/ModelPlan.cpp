@@ -6,7 +6,7 @@
 #include <shared_mutex>
 #include <unordered_map>
 
-#include "platform/foundation/FastThreadLocal.h"
+#include "platform/foundation/base/FastThreadLocal.h"
 #include "zarnic/platform/NSString.h"
 
 namespace zn {

@@ -2,7 +2,7 @@
 
 #include "model/ModelPlan.h"
 #include "model/Nesting.h"
-#include "platform/foundation/ContainerFiller.h"
+#include "platform/foundation/archives/ContainerFiller.h"
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/platform/NSException.h"
 #include "zarnic/platform/NSString.h"

@@ -1,4 +1,4 @@
-#include "platform/foundation/JSONWriter.h"
+#include "platform/foundation/json/JSONWriter.h"
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/platform/NSJSONSerialization.h"
 #include "zarnic/platform/NSLog.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "model/Digest.h"
-#include "platform/foundation/RegularExpression.h"
+#include "platform/foundation/text/RegularExpression.h"
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/platform/NSString.h"
 

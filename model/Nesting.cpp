@@ -1,6 +1,6 @@
 #include "model/Nesting.h"
 
-#include "platform/foundation/FastThreadLocal.h"
+#include "platform/foundation/base/FastThreadLocal.h"
 #include "zarnic/platform/NSException.h"
 
 namespace zn {

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "platform/foundation/ValueBlocks.h"
+#include "platform/foundation/objects/ValueBlocks.h"
 #include "zarnic/platform/NSException.h"
 #include "zarnic/platform/NSString.h"
 

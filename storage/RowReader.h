@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/foundation/ValuePool.h"
+#include "platform/foundation/objects/ValuePool.h"
 #include "zarnic/platform/Value.h"
 
 struct sqlite3_stmt;

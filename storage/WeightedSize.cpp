@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "platform/foundation/FolderWalk.h"
+#include "platform/foundation/files/FolderWalk.h"
 
 namespace zn {
 namespace {

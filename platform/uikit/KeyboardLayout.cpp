@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "platform/foundation/TextBreaks.h"
+#include "platform/foundation/text/TextBreaks.h"
 
 namespace zn {
 namespace {

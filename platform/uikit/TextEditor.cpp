@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/foundation/TextBreaks.h"
+#include "platform/foundation/text/TextBreaks.h"
 
 namespace zn {
 

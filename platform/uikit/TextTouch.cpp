@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/foundation/TextBreaks.h"
+#include "platform/foundation/text/TextBreaks.h"
 #include "platform/uikit/TextInputState.h"
 
 namespace zn {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/foundation/TextBreaks.h"
+#include "platform/foundation/text/TextBreaks.h"
 #include "platform/uikit/TextInputState.h"
 #include "zarnic/platform/UIPasteboard.h"
 #include "zarnic/platform/UIWindow.h"

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <thread>
 
-#include "platform/foundation/FileDescriptor.h"
+#include "platform/foundation/files/FileDescriptor.h"
 
 namespace zn {
 

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/foundation/FileDescriptor.h"
+#include "platform/foundation/files/FileDescriptor.h"
 
 namespace zn {
 

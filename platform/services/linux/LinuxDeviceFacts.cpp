@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/foundation/FileBytes.h"
+#include "platform/foundation/files/FileBytes.h"
 #include "platform/services/linux/PowerSupply.h"
 #include "platform/services/linux/VendorIdentifier.h"
 #include "zarnic/platform/NSString.h"

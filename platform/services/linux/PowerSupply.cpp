@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/foundation/FileBytes.h"
+#include "platform/foundation/files/FileBytes.h"
 #include "zarnic/platform/NSString.h"
 
 namespace zn {

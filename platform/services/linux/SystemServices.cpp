@@ -1,6 +1,6 @@
 #include <cstdlib>
 
-#include "platform/foundation/Folders.h"
+#include "platform/foundation/bundle/Folders.h"
 #include "platform/services/linux/LinuxBluetoothAdapter.h"
 #include "platform/services/linux/LinuxDeviceFacts.h"
 #include "platform/services/linux/LinuxDisplayStatus.h"
