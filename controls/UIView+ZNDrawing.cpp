@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "controls/LayerColors.h"
-#include "platform/drawing/CurrentContext.h"
+#include "platform/drawing/context/CurrentContext.h"
 #include "zarnic/UIView+ZNCategory.h"
 #include "zarnic/platform/NSLog.h"
 

@@ -1,6 +1,6 @@
 #include "zarnic/UIFont+ZNCategory.h"
 
-#include "platform/drawing/FontFamilies.h"
+#include "platform/drawing/fonts/FontFamilies.h"
 #include "zarnic/platform/UIFont.h"
 
 namespace zn {

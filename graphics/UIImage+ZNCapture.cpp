@@ -1,4 +1,4 @@
-#include "platform/drawing/ImageContext.h"
+#include "platform/drawing/images/ImageContext.h"
 #include "zarnic/UIImage+ZNCategory.h"
 #include "zarnic/platform/UIScreen.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "platform/drawing/ImageContext.h"
+#include "platform/drawing/images/ImageContext.h"
 #include "zarnic/platform/NSLog.h"
 
 namespace zn {

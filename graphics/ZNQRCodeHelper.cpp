@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/drawing/FalseColor.h"
-#include "platform/drawing/ImageContext.h"
-#include "platform/drawing/NearestNeighbor.h"
+#include "platform/drawing/context/NearestNeighbor.h"
+#include "platform/drawing/filters/FalseColor.h"
+#include "platform/drawing/images/ImageContext.h"
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/platform/CIFilter.h"
 #include "zarnic/platform/NSLog.h"

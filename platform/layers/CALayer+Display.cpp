@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "platform/drawing/TakeImage.h"
+#include "platform/drawing/context/TakeImage.h"
 #include "platform/layers/DrawnContents.h"
 #include "platform/layers/LayerNode.h"
 #include "platform/layers/LayerWalk.h"

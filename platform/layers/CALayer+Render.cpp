@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "platform/drawing/Canvas.h"
+#include "platform/drawing/canvas/Canvas.h"
 #include "platform/layers/LayerNode.h"
 #include "platform/layers/LayerPainter.h"
 #include "platform/layers/LayerWalk.h"

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/drawing/Picture.h"
+#include "platform/drawing/canvas/Picture.h"
 #include "platform/layers/CommittedLayer.h"
 #include "platform/layers/LayerPlacement.h"
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/drawing/Canvas.h"
+#include "platform/drawing/canvas/Canvas.h"
 #include "platform/layers/LayerPlacement.h"
 
 namespace zn {

@@ -4,7 +4,7 @@
 #include <compare>
 #include <functional>
 
-#include "platform/drawing/Canvas.h"
+#include "platform/drawing/canvas/Canvas.h"
 #include "platform/layers/LayerPlacement.h"
 #include "platform/layers/LruCache.h"
 

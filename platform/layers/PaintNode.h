@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/drawing/Picture.h"
+#include "platform/drawing/canvas/Picture.h"
 #include "platform/layers/LayerState.h"
 #include "platform/layers/PixelGeometry.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/drawing/TextSource.h"
+#include "platform/drawing/text/TextSource.h"
 
 namespace zn {
 namespace {

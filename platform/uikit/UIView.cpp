@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/drawing/CurrentContext.h"
+#include "platform/drawing/context/CurrentContext.h"
 #include "platform/uikit/ViewAnimation.h"
 #include "zarnic/platform/UIViewController.h"
 
