@@ -1,6 +1,6 @@
 #include "zarnic/UITextView+ZNCategory.h"
 
-#include "tests/uikit/TextStage.h"
+#include "tests/uikit/text/TextStage.h"
 
 namespace zn::test {
 namespace {
