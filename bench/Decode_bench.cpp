@@ -9,7 +9,7 @@
 #include <jpeglib.h>
 
 #include "bench/Peer.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 using namespace zn;
 

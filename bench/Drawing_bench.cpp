@@ -5,7 +5,7 @@
 #include <QPainterPath>
 
 #include "bench/Peer.h"
-#include "zarnic/platform/CGContext.h"
+#include "zarnic/platform/drawing/CGContext.h"
 
 using namespace zn;
 

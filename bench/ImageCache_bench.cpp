@@ -10,7 +10,7 @@
 
 #include "zarnic/NSString+ZNCategory.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 using namespace zn;
 

@@ -11,7 +11,7 @@
 
 #include "bench/JsonText.h"
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
 
 using namespace zn;
 

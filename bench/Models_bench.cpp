@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/foundation/Property.h"
 
 class QtUser {
     Q_GADGET

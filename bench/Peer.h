@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "zarnic/platform/CGImage.h"
+#include "zarnic/platform/drawing/CGImage.h"
 
 /// What the benchmarks share: the peer draws into an image of the same format, and both results are
 /// compared before either is timed.

@@ -22,8 +22,8 @@
 #include "tests/support/TemporaryFolder.h"
 #include "zarnic/NSString+ZNCategory.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/UIColor.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 using namespace zn;
 

@@ -6,10 +6,10 @@
 #include <memory>
 #include <vector>
 
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 namespace {
 

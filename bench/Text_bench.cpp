@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
 
 namespace {
 

@@ -16,8 +16,8 @@
 #include <vector>
 
 #include "tests/support/Nginx.h"
-#include "zarnic/platform/HttpTransport.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/HttpTransport.h"
+#include "zarnic/platform/services/Services.h"
 
 using namespace zn;
 

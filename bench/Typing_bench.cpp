@@ -13,9 +13,9 @@
 #include <string>
 
 #include "bench/ZarnicScene.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIScreen.h"
-#include "zarnic/platform/UITextView.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIScreen.h"
+#include "zarnic/platform/uikit/UITextView.h"
 
 /// A letter typed at the end of a text in an editor as large as the screen, with layout and the
 /// repaint of what changed. Words of five letters come at random, so that no text comes twice.

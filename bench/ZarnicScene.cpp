@@ -6,9 +6,9 @@
 #include "bench/Scene.h"
 #include "zarnic/UILabel+ZNCategory.h"
 #include "zarnic/UIView+ZNCategory.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UILabel.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/uikit/UILabel.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 using namespace zn;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "zarnic/platform/HeadlessHost.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/host/HeadlessHost.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace bench {
 

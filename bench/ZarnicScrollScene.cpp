@@ -4,11 +4,11 @@
 #include "bench/ZarnicScene.h"
 #include "zarnic/UILabel+ZNCategory.h"
 #include "zarnic/UIView+ZNCategory.h"
-#include "zarnic/platform/HeadlessHost.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UILabel.h"
-#include "zarnic/platform/UIScreen.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/host/HeadlessHost.h"
+#include "zarnic/platform/uikit/UILabel.h"
+#include "zarnic/platform/uikit/UIScreen.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 using namespace zn;
 

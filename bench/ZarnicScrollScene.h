@@ -1,8 +1,8 @@
 #pragma once
 
-#include "zarnic/platform/CGImage.h"
-#include "zarnic/platform/UIScrollView.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/drawing/CGImage.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace bench {
 

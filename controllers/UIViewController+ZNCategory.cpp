@@ -1,8 +1,8 @@
 #include "zarnic/UIViewController+ZNCategory.h"
 
-#include "zarnic/platform/NSTextAttributes.h"
-#include "zarnic/platform/UINavigationController.h"
-#include "zarnic/platform/UINavigationItem.h"
+#include "zarnic/platform/drawing/NSTextAttributes.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
+#include "zarnic/platform/uikit/UINavigationItem.h"
 
 namespace zn {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "platform/foundation/archives/ContainerFiller.h"
 #include "zarnic/UIViewController+ZNCategory.h"
-#include "zarnic/platform/CAAnimation.h"
-#include "zarnic/platform/NSURL.h"
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/foundation/NSURL.h"
+#include "zarnic/platform/layers/CAAnimation.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 
 namespace zn {
 

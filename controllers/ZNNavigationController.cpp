@@ -1,7 +1,7 @@
 #include "zarnic/ZNNavigationController.h"
 
 #include "zarnic/ZNViewController.h"
-#include "zarnic/platform/NSNotificationCenter.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #include "zarnic/ZNViewController.h"
 
-#include "zarnic/platform/UINavigationController.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/UIColor.h"
 
 namespace zn {
 

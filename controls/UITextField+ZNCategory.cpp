@@ -1,6 +1,6 @@
 #include "zarnic/UITextField+ZNCategory.h"
 
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 Ref<UITextField> ZN_TextFieldColor(const Value& color, const Value& placeholder, const Value& font,

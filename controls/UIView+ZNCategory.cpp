@@ -1,7 +1,7 @@
 #include "zarnic/UIView+ZNCategory.h"
 
-#include "zarnic/platform/UIScrollView.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 

@@ -4,7 +4,7 @@
 #include "controls/LayerColors.h"
 #include "platform/drawing/context/CurrentContext.h"
 #include "zarnic/UIView+ZNCategory.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 

@@ -4,7 +4,7 @@
 #include "controls/LayerColors.h"
 #include "zarnic/UILabel+ZNCategory.h"
 #include "zarnic/UIView+ZNCategory.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

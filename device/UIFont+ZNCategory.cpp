@@ -1,7 +1,7 @@
 #include "zarnic/UIFont+ZNCategory.h"
 
 #include "platform/drawing/fonts/FontFamilies.h"
-#include "zarnic/platform/UIFont.h"
+#include "zarnic/platform/drawing/UIFont.h"
 
 namespace zn {
 namespace {

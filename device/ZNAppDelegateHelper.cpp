@@ -1,8 +1,8 @@
 #include "zarnic/ZNAppDelegateHelper.h"
 
-#include "zarnic/platform/DisplayStatus.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/services/DisplayStatus.h"
+#include "zarnic/platform/services/Services.h"
 
 namespace zn {
 

@@ -1,9 +1,9 @@
 #include "zarnic/ZNQuickHelper.h"
 
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSDateFormatter.h"
-#include "zarnic/platform/NSThread.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSDateFormatter.h"
+#include "zarnic/platform/foundation/NSThread.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 namespace zn {
 

@@ -1,9 +1,9 @@
 #include "zarnic/ZNUIAdaptationHelper.h"
 
 #include "zarnic/UIDevice+ZNCategory.h"
-#include "zarnic/platform/NSBundle.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/foundation/NSBundle.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 /// What the fuzzers of picture files share; each is a program of its own that includes this once.
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/foundation/archives/ContainerFiller.h"
-#include "zarnic/platform/NSKeyedArchiver.h"
-#include "zarnic/platform/NSKeyedUnarchiver.h"
+#include "zarnic/platform/foundation/NSKeyedArchiver.h"
+#include "zarnic/platform/foundation/NSKeyedUnarchiver.h"
 
 using zn::Ref;
 using zn::Value;

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "platform/foundation/json/JSONWriter.h"
-#include "zarnic/platform/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "zarnic/platform/NSPropertyListSerialization.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/Value.h"
 
 using zn::NSPropertyListFormat;
 using zn::Value;

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "zarnic/ZNDataBaseHelper.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace {
 

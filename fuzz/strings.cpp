@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/foundation/bundle/StringsParser.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "zarnic/platform/NSScanner.h"
-#include "zarnic/platform/NSString.h"
-#include "zarnic/platform/NSURL.h"
+#include "zarnic/platform/foundation/NSScanner.h"
+#include "zarnic/platform/foundation/NSString.h"
+#include "zarnic/platform/foundation/NSURL.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);

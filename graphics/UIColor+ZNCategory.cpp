@@ -4,7 +4,7 @@
 #include <limits>
 #include <random>
 
-#include "zarnic/platform/CGContext.h"
+#include "zarnic/platform/drawing/CGContext.h"
 
 namespace zn {
 

@@ -3,7 +3,7 @@
 
 #include "platform/foundation/text/Utf8.h"
 #include "zarnic/UIColor+ZNCategory.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #include "platform/drawing/images/ImageContext.h"
 #include "zarnic/UIImage+ZNCategory.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

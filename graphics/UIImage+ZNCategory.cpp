@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "platform/drawing/images/ImageContext.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 

@@ -6,8 +6,8 @@
 #include "platform/drawing/filters/FalseColor.h"
 #include "platform/drawing/images/ImageContext.h"
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/CIFilter.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/drawing/CIFilter.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 

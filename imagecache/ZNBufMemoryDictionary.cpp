@@ -6,7 +6,7 @@
 
 #include "imagecache/KeyIndex.h"
 #include "imagecache/TimeNotes.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

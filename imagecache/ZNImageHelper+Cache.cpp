@@ -1,7 +1,7 @@
 #include "zarnic/ZNFileHelper.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

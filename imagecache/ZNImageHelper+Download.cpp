@@ -3,12 +3,12 @@
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/ZNImageHelper.h"
 #include "zarnic/ZNQuickHelper.h"
-#include "zarnic/platform/CFURL.h"
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/NSThread.h"
-#include "zarnic/platform/NSURLConnection.h"
+#include "zarnic/platform/foundation/CFURL.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/foundation/NSThread.h"
+#include "zarnic/platform/services/NSURLConnection.h"
 
 namespace zn {
 namespace {

@@ -1,9 +1,9 @@
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/NSString+ZNCategory.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 
 namespace zn {
 namespace {

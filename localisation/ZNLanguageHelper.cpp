@@ -3,9 +3,9 @@
 #include <mutex>
 #include <set>
 
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/NSString.h"
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/foundation/NSString.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 
 namespace zn {
 namespace {

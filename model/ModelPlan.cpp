@@ -7,7 +7,7 @@
 #include <unordered_map>
 
 #include "platform/foundation/base/FastThreadLocal.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/foundation/Property.h"
 
 namespace zn {
 

@@ -2,7 +2,7 @@
 #include <span>
 
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/foundation/Property.h"
 
 namespace zn {
 namespace {

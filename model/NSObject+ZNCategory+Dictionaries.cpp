@@ -4,8 +4,8 @@
 #include "model/Nesting.h"
 #include "platform/foundation/archives/ContainerFiller.h"
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
 #include "platform/foundation/json/JSONWriter.h"
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/NSJSONSerialization.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 namespace {

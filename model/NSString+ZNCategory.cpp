@@ -5,7 +5,7 @@
 #include "model/Digest.h"
 #include "platform/foundation/text/RegularExpression.h"
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

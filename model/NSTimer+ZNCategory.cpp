@@ -1,6 +1,6 @@
 #include "zarnic/NSTimer+ZNCategory.h"
 
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
 #include "model/Nesting.h"
 
 #include "platform/foundation/base/FastThreadLocal.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

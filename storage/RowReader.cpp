@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "platform/foundation/objects/ValueBlocks.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "platform/foundation/objects/ValuePool.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 struct sqlite3_stmt;
 struct sqlite3_value;

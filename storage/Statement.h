@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "storage/Connection.h"
-#include "zarnic/platform/NSPathUtilities.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSPathUtilities.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "storage/WeightedSize.h"
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/NSFileManager.h"
-#include "zarnic/platform/NSString.h"
-#include "zarnic/platform/ValueFiles.h"
+#include "zarnic/platform/foundation/NSFileManager.h"
+#include "zarnic/platform/foundation/NSString.h"
+#include "zarnic/platform/foundation/ValueFiles.h"
 
 namespace zn {
 namespace {

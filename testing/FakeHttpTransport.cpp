@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <span>
 
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 

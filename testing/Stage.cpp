@@ -4,9 +4,9 @@
 #include <mutex>
 
 #include "testing/TemporaryHome.h"
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/Services.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/services/Services.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 namespace zn {
 namespace {

@@ -6,11 +6,11 @@
 #include "zarnic/ZNNavigationController.h"
 #include "zarnic/ZNPromptWindow.h"
 #include "zarnic/ZNUIAdaptationHelper.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/NSValue.h"
-#include "zarnic/platform/TextLayout.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/drawing/NSValue.h"
+#include "zarnic/platform/drawing/TextLayout.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

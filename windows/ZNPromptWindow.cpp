@@ -2,10 +2,10 @@
 
 #include "zarnic/NSObject+ZNCategory.h"
 #include "zarnic/ZNQuickHelper.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

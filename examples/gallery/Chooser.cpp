@@ -1,6 +1,6 @@
 #include "Chooser.h"
 
-#include <zarnic/platform/UILabel.h>
+#include <zarnic/platform/uikit/UILabel.h>
 
 #include "Theme.h"
 #include "Tiles.h"

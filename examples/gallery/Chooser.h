@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zarnic/platform/UIColor.h>
-#include <zarnic/platform/UIControl.h>
+#include <zarnic/platform/drawing/UIColor.h>
+#include <zarnic/platform/uikit/UIControl.h>
 
 #include <functional>
 #include <string>

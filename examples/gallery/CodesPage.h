@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zarnic/platform/UIImageView.h>
+#include <zarnic/platform/uikit/UIImageView.h>
 
 #include "Page.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zarnic/platform/NSURL.h>
+#include <zarnic/platform/foundation/NSURL.h>
 
 #include "Page.h"
 

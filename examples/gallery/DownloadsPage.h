@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zarnic/platform/UIImageView.h>
-#include <zarnic/platform/UILabel.h>
+#include <zarnic/platform/uikit/UIImageView.h>
+#include <zarnic/platform/uikit/UILabel.h>
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "DrawingPage.h"
 
 #include <zarnic/UIView+ZNCategory.h>
-#include <zarnic/platform/UIImageView.h>
+#include <zarnic/platform/uikit/UIImageView.h>
 
 #include <cstdio>
 

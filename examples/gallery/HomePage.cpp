@@ -1,6 +1,6 @@
 #include "HomePage.h"
 
-#include <zarnic/platform/UINavigationController.h>
+#include <zarnic/platform/uikit/UINavigationController.h>
 
 #include "CodesPage.h"
 #include "ColorsPage.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zarnic/platform/UILabel.h>
+#include <zarnic/platform/uikit/UILabel.h>
 
 #include <cstdint>
 #include <utility>

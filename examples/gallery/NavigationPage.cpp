@@ -1,6 +1,6 @@
 #include "NavigationPage.h"
 
-#include <zarnic/platform/UINavigationController.h>
+#include <zarnic/platform/uikit/UINavigationController.h>
 
 #include "RowList.h"
 #include "Theme.h"

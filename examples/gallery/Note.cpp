@@ -1,7 +1,7 @@
 #include "Note.h"
 
 #include <zarnic/ZNQuickHelper.h>
-#include <zarnic/platform/Clock.h>
+#include <zarnic/platform/foundation/Clock.h>
 
 using namespace zn;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zarnic/platform/Property.h>
+#include <zarnic/platform/foundation/Property.h>
 
 #include <cstdint>
 #include <string>

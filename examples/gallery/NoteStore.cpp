@@ -2,7 +2,7 @@
 
 #include <zarnic/NSObject+ZNCategory.h>
 #include <zarnic/ZNDataBaseHelper.h>
-#include <zarnic/platform/NSBundle.h>
+#include <zarnic/platform/foundation/NSBundle.h>
 
 #include <fstream>
 #include <iterator>

@@ -1,6 +1,6 @@
 #include "NotesPage.h"
 
-#include <zarnic/platform/UINavigationController.h>
+#include <zarnic/platform/uikit/UINavigationController.h>
 
 #include <algorithm>
 

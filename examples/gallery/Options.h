@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zarnic/platform/NSURL.h>
-#include <zarnic/platform/UIScreen.h>
+#include <zarnic/platform/foundation/NSURL.h>
+#include <zarnic/platform/uikit/UIScreen.h>
 
 #include <optional>
 #include <span>

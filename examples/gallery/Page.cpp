@@ -1,6 +1,6 @@
 #include "Page.h"
 
-#include <zarnic/platform/UIScreen.h>
+#include <zarnic/platform/uikit/UIScreen.h>
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <zarnic/ZNViewController.h>
-#include <zarnic/platform/UIScrollView.h>
+#include <zarnic/platform/uikit/UIScrollView.h>
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
 #include <zarnic/ZNLanguageHelper.h>
 #include <zarnic/ZNPromptWindow.h>
-#include <zarnic/platform/UIApplication.h>
+#include <zarnic/platform/uikit/UIApplication.h>
 
 #include <algorithm>
 #include <memory>

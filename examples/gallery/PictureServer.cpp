@@ -4,7 +4,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 #include <zarnic/UIColor+ZNCategory.h>
-#include <zarnic/platform/UIImage.h>
+#include <zarnic/platform/drawing/UIImage.h>
 
 #include <array>
 #include <chrono>

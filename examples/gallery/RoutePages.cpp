@@ -1,6 +1,6 @@
 #include "RoutePages.h"
 
-#include <zarnic/platform/UINavigationController.h>
+#include <zarnic/platform/uikit/UINavigationController.h>
 
 #include "RoutesPage.h"
 #include "TabScreens.h"

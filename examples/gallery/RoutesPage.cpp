@@ -2,7 +2,7 @@
 
 #include <zarnic/UIViewController+ZNCategory.h>
 #include <zarnic/ZNControllerHelper.h>
-#include <zarnic/platform/NSURL.h>
+#include <zarnic/platform/foundation/NSURL.h>
 
 #include "DetailPage.h"
 #include "RowList.h"

@@ -1,6 +1,6 @@
 #include "RowList.h"
 
-#include <zarnic/platform/CAShapeLayer.h>
+#include <zarnic/platform/layers/CAShapeLayer.h>
 
 #include "Theme.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zarnic/platform/UIControl.h>
-#include <zarnic/platform/UIView.h>
+#include <zarnic/platform/uikit/UIControl.h>
+#include <zarnic/platform/uikit/UIView.h>
 
 #include <functional>
 #include <string>

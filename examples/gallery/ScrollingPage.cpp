@@ -1,7 +1,7 @@
 #include "ScrollingPage.h"
 
 #include <zarnic/UIView+ZNCategory.h>
-#include <zarnic/platform/CAGradientLayer.h>
+#include <zarnic/platform/layers/CAGradientLayer.h>
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zarnic/platform/UIScrollView.h>
+#include <zarnic/platform/uikit/UIScrollView.h>
 
 #include "Page.h"
 

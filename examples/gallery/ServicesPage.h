@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zarnic/platform/NSNotificationCenter.h>
-#include <zarnic/platform/UILabel.h>
+#include <zarnic/platform/foundation/NSNotificationCenter.h>
+#include <zarnic/platform/uikit/UILabel.h>
 
 #include "Page.h"
 

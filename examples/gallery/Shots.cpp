@@ -2,11 +2,11 @@
 
 #include <zarnic/ZNControllerHelper.h>
 #include <zarnic/ZNNavigationController.h>
-#include <zarnic/platform/HeadlessHost.h>
-#include <zarnic/platform/ManualClock.h>
-#include <zarnic/platform/TextLayout.h>
-#include <zarnic/platform/UIApplication.h>
-#include <zarnic/platform/UIWindow.h>
+#include <zarnic/platform/drawing/TextLayout.h>
+#include <zarnic/platform/foundation/ManualClock.h>
+#include <zarnic/platform/host/HeadlessHost.h>
+#include <zarnic/platform/uikit/UIApplication.h>
+#include <zarnic/platform/uikit/UIWindow.h>
 
 #include <cmath>
 #include <cstdio>

@@ -1,7 +1,7 @@
 #include "TabScreens.h"
 
 #include <zarnic/ZNNavigationController.h>
-#include <zarnic/platform/UIBezierPath.h>
+#include <zarnic/platform/drawing/UIBezierPath.h>
 
 #include "RowList.h"
 

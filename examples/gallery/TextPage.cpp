@@ -3,8 +3,8 @@
 #include <zarnic/UITextField+ZNCategory.h>
 #include <zarnic/UITextView+ZNCategory.h>
 #include <zarnic/UIView+ZNCategory.h>
-#include <zarnic/platform/UIBezierPath.h>
-#include <zarnic/platform/UIImageView.h>
+#include <zarnic/platform/drawing/UIBezierPath.h>
+#include <zarnic/platform/uikit/UIImageView.h>
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zarnic/platform/UITextField.h>
-#include <zarnic/platform/UITextView.h>
+#include <zarnic/platform/uikit/UITextField.h>
+#include <zarnic/platform/uikit/UITextView.h>
 
 #include "Page.h"
 

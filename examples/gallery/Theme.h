@@ -1,9 +1,9 @@
 #pragma once
 
-#include <zarnic/platform/UIColor.h>
-#include <zarnic/platform/UIFont.h>
-#include <zarnic/platform/UILabel.h>
-#include <zarnic/platform/UIView.h>
+#include <zarnic/platform/drawing/UIColor.h>
+#include <zarnic/platform/drawing/UIFont.h>
+#include <zarnic/platform/uikit/UILabel.h>
+#include <zarnic/platform/uikit/UIView.h>
 
 #include <string_view>
 

@@ -1,6 +1,6 @@
 #include "Tiles.h"
 
-#include <zarnic/platform/UIImageView.h>
+#include <zarnic/platform/uikit/UIImageView.h>
 
 #include "Theme.h"
 

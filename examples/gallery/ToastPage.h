@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zarnic/platform/UITextField.h>
+#include <zarnic/platform/uikit/UITextField.h>
 
 #include "Page.h"
 

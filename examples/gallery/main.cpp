@@ -1,8 +1,8 @@
 #include <zarnic/ZNControllerHelper.h>
 #include <zarnic/ZNNavigationController.h>
-#include <zarnic/platform/UIApplication.h>
-#include <zarnic/platform/UIFont.h>
-#include <zarnic/platform/UIWindow.h>
+#include <zarnic/platform/drawing/UIFont.h>
+#include <zarnic/platform/uikit/UIApplication.h>
+#include <zarnic/platform/uikit/UIWindow.h>
 #include <zarnic/sdl/SdlHost.h>
 
 #include <cstdio>

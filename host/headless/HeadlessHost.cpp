@@ -1,4 +1,4 @@
-#include "zarnic/platform/HeadlessHost.h"
+#include "zarnic/platform/host/HeadlessHost.h"
 
 #include <fstream>
 

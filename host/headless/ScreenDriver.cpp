@@ -1,6 +1,6 @@
-#include "zarnic/platform/ScreenDriver.h"
+#include "zarnic/platform/host/ScreenDriver.h"
 
-#include "zarnic/platform/CAAnimation.h"
+#include "zarnic/platform/layers/CAAnimation.h"
 
 namespace zn {
 namespace {

@@ -5,9 +5,9 @@
 #include "host/sdl/SdlInput.h"
 #include "host/sdl/SdlText.h"
 #include "host/sdl/SdlWindow.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/ScreenDriver.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/host/ScreenDriver.h"
 
 namespace zn {
 namespace {

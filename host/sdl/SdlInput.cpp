@@ -1,7 +1,7 @@
 #include "host/sdl/SdlInput.h"
 
 #include "host/sdl/SdlText.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 namespace zn {
 namespace {

@@ -3,7 +3,7 @@
 #include <SDL.h>
 
 #include "host/sdl/SdlWindow.h"
-#include "zarnic/platform/Geometry.h"
+#include "zarnic/platform/drawing/Geometry.h"
 
 namespace zn {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <memory>
 
-#include "zarnic/platform/Services.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/services/Services.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 namespace zn {
 namespace {

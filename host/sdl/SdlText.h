@@ -3,8 +3,8 @@
 #include <SDL.h>
 
 #include "host/sdl/SdlWindow.h"
-#include "zarnic/platform/Clipboard.h"
-#include "zarnic/platform/UIKeyInput.h"
+#include "zarnic/platform/services/Clipboard.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
 
 namespace zn {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "zarnic/platform/Compositor.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/layers/Compositor.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

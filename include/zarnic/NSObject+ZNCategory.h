@@ -6,8 +6,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "zarnic/platform/NSCoder.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/NSCoder.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/Export.h"
+#include "zarnic/platform/foundation/Export.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 namespace zn {
 

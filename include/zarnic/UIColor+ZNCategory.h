@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/UIColor.h"
 
 /// Additions to `UIColor`: 24-bit numbers, hexadecimal texts, lightness. Any thread. Numbers
 /// between 0 and 255 come from components by cutting (0.5 gives 127), components from numbers by a

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "zarnic/platform/UIDevice.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
+#include "zarnic/platform/uikit/UIDevice.h"
 
 namespace zn {
 

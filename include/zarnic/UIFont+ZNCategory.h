@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/Export.h"
+#include "zarnic/platform/foundation/Export.h"
 
 namespace zn {
 

@@ -2,10 +2,10 @@
 
 #include <string_view>
 
-#include "zarnic/platform/UIColor.h"
-#include "zarnic/platform/UIImage.h"
-#include "zarnic/platform/UIScrollView.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/drawing/UIColor.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/foundation/Value.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
 
 /// Additions to `UIImage`: making, tinting, reading, capturing and scaling pictures. Any thread,
 /// except where views are captured: main thread only. Sizes are points; a side that comes out as a

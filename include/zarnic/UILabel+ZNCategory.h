@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "zarnic/platform/UITextField.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
+#include "zarnic/platform/uikit/UITextField.h"
 
 /// Additions to `UITextField`. Main thread only. An absent field is left alone.
 namespace zn {

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/UILabel.h"
-#include "zarnic/platform/UITextView.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/uikit/UILabel.h"
+#include "zarnic/platform/uikit/UITextView.h"
 
 extern "C" {
 /// Names of the values that a text view's placeholder is kept as. The values are found by the

@@ -4,11 +4,11 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/CAGradientLayer.h"
-#include "zarnic/platform/UIFont.h"
-#include "zarnic/platform/UIImage.h"
-#include "zarnic/platform/UIView.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/drawing/UIFont.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/layers/CAGradientLayer.h"
+#include "zarnic/platform/uikit/UIView.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 /// Additions to `UIView`. Main thread only. Coordinates are points, y downward. An absent view
 /// gives 0, nothing or an empty rectangle, and is not drawn into.

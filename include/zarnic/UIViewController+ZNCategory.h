@@ -2,10 +2,10 @@
 
 #include <string_view>
 
-#include "zarnic/platform/UIColor.h"
-#include "zarnic/platform/UIFont.h"
-#include "zarnic/platform/UIViewController.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/drawing/UIColor.h"
+#include "zarnic/platform/drawing/UIFont.h"
+#include "zarnic/platform/foundation/Value.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 /// Additions to `UIViewController`. Main thread only. An absent controller gives nothing and is
 /// left alone.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/Export.h"
+#include "zarnic/platform/foundation/Export.h"
 
 extern "C" {
 

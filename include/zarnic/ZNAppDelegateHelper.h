@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/NSNumber.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/foundation/NSNumber.h"
 
 namespace zn {
 

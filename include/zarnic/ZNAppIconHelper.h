@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "zarnic/platform/CBCentralManager.h"
-#include "zarnic/platform/NSNumber.h"
-#include "zarnic/platform/NSPointerArray.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/foundation/NSNumber.h"
+#include "zarnic/platform/foundation/NSPointerArray.h"
+#include "zarnic/platform/services/CBCentralManager.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/foundation/Class.h"
 
 namespace zn {
 

@@ -3,9 +3,9 @@
 #include <functional>
 #include <string_view>
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/UINavigationController.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/foundation/Value.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 
 namespace zn {
 

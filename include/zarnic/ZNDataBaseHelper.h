@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/foundation/Value.h"
 
 struct sqlite3;
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/NSPathUtilities.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/NSPathUtilities.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

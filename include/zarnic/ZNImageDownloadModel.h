@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/UIImageView.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/uikit/UIImageView.h"
 
 namespace zn {
 

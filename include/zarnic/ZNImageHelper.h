@@ -9,10 +9,10 @@
 
 #include "zarnic/ZNBufMemoryDictionary.h"
 #include "zarnic/ZNImageDownloadModel.h"
-#include "zarnic/platform/NSCondition.h"
-#include "zarnic/platform/ObjectList.h"
-#include "zarnic/platform/ObjectMap.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/NSCondition.h"
+#include "zarnic/platform/foundation/ObjectList.h"
+#include "zarnic/platform/foundation/ObjectMap.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/NSBundle.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/foundation/NSBundle.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UINavigationController.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 
 namespace zn {
 

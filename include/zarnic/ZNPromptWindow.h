@@ -4,10 +4,10 @@
 #include <string_view>
 
 #include "zarnic/ZNViewController.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/NSTimer.h"
-#include "zarnic/platform/UILabel.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/foundation/NSTimer.h"
+#include "zarnic/platform/uikit/UILabel.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

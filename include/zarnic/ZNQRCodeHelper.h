@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <string_view>
 
-#include "zarnic/platform/CIImage.h"
-#include "zarnic/platform/UIColor.h"
-#include "zarnic/platform/UIImage.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/drawing/CIImage.h"
+#include "zarnic/platform/drawing/UIColor.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/foundation/Value.h"
 
 /// Frees memory that came from `malloc`: the release callback of a data provider. `info` and `size`
 /// are not used.

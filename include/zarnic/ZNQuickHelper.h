@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 
 namespace zn {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "zarnic/platform/Class.h"
+#include "zarnic/platform/foundation/Class.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 

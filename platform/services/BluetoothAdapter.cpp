@@ -1,4 +1,4 @@
-#include "zarnic/platform/BluetoothAdapter.h"
+#include "zarnic/platform/services/BluetoothAdapter.h"
 
 #include "platform/services/Listeners.h"
 

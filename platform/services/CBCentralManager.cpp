@@ -1,6 +1,6 @@
-#include "zarnic/platform/CBCentralManager.h"
+#include "zarnic/platform/services/CBCentralManager.h"
 
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/Services.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/Clipboard.h"
+#include "zarnic/platform/services/Clipboard.h"
 
 namespace zn {
 namespace {

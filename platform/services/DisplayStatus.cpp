@@ -1,4 +1,4 @@
-#include "zarnic/platform/DisplayStatus.h"
+#include "zarnic/platform/services/DisplayStatus.h"
 
 #include "platform/services/Listeners.h"
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/HttpTransport.h"
+#include "zarnic/platform/services/HttpTransport.h"
 
 namespace zn {
 namespace {

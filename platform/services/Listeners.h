@@ -5,8 +5,8 @@
 #include <map>
 #include <memory>
 
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 

@@ -1,8 +1,8 @@
-#include "zarnic/platform/NSURLConnection.h"
+#include "zarnic/platform/services/NSURLConnection.h"
 
-#include "zarnic/platform/HttpTransport.h"
-#include "zarnic/platform/NSString.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/foundation/NSString.h"
+#include "zarnic/platform/services/HttpTransport.h"
+#include "zarnic/platform/services/Services.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSURLRequest.h"
+#include "zarnic/platform/services/NSURLRequest.h"
 
 namespace zn {
 

@@ -1,9 +1,9 @@
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/Services.h"
 
 #include <map>
 #include <mutex>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/URLOpener.h"
+#include "zarnic/platform/services/URLOpener.h"
 
 #include <algorithm>
 

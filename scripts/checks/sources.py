@@ -28,11 +28,11 @@ RANKS = {folder: rank for rank, row in enumerate(FLOORS) for folder in row}
 
 # Public headers without a source of the same name.
 HEADER_ONLY = {
-    "zarnic/platform/DeviceFacts.h": "platform/services",
-    "zarnic/platform/Export.h": "platform/foundation",
-    "zarnic/platform/NSTextAttributes.h": "platform/drawing",
-    "zarnic/platform/ObjectList.h": "platform/foundation",
-    "zarnic/platform/ObjectMap.h": "platform/foundation",
+    "zarnic/platform/services/DeviceFacts.h": "platform/services",
+    "zarnic/platform/foundation/Export.h": "platform/foundation",
+    "zarnic/platform/drawing/NSTextAttributes.h": "platform/drawing",
+    "zarnic/platform/foundation/ObjectList.h": "platform/foundation",
+    "zarnic/platform/foundation/ObjectMap.h": "platform/foundation",
     "zarnic/zarnic.h": "host",
 }
 

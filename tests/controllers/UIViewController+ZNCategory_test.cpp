@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "zarnic/platform/NSTextAttributes.h"
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UINavigationController.h"
+#include "zarnic/platform/drawing/NSTextAttributes.h"
+#include "zarnic/platform/uikit/UIButton.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

@@ -4,8 +4,8 @@
 
 #include "zarnic/UIViewController+ZNCategory.h"
 #include "zarnic/ZNNavigationController.h"
-#include "zarnic/platform/NSURL.h"
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/foundation/NSURL.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

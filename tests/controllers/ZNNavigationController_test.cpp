@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "zarnic/ZNViewController.h"
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

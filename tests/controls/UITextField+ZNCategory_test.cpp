@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "zarnic/UIScrollView+ZNCategory.h"
-#include "zarnic/platform/UIFont.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/drawing/UIFont.h"
+#include "zarnic/platform/uikit/UILabel.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "zarnic/platform/UIScrollView.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "tests/drawing/Pixels.h"
 #include "zarnic/UIView+ZNCategory.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 namespace {

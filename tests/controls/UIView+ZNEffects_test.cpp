@@ -5,8 +5,8 @@
 #include "tests/drawing/Pixels.h"
 #include "zarnic/UILabel+ZNCategory.h"
 #include "zarnic/UIView+ZNCategory.h"
-#include "zarnic/platform/UIScreen.h"
-#include "zarnic/platform/UIScrollView.h"
+#include "zarnic/platform/uikit/UIScreen.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
 
 namespace zn {
 namespace {

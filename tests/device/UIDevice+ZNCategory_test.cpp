@@ -5,8 +5,8 @@
 #include <set>
 #include <sstream>
 
-#include "zarnic/platform/Services.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/services/Services.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
 
 namespace zn {

@@ -7,7 +7,7 @@
 #include <random>
 
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "zarnic/platform/NSNotificationCenter.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/NSThread.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/foundation/NSThread.h"
+#include "zarnic/platform/services/Services.h"
 #include "zarnic/testing/FakeURLOpener.h"
 
 namespace zn {

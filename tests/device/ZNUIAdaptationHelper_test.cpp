@@ -4,11 +4,11 @@
 
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/Services.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIScreen.h"
-#include "zarnic/platform/UIViewController.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/services/Services.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIScreen.h"
+#include "zarnic/platform/uikit/UIViewController.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
 
 namespace zn {

@@ -4,7 +4,7 @@
 #include <sstream>
 #include <string>
 
-#include "zarnic/platform/CGContext.h"
+#include "zarnic/platform/drawing/CGContext.h"
 
 namespace zn {
 

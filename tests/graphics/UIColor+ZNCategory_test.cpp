@@ -8,7 +8,7 @@
 #include <limits>
 #include <set>
 
-#include "zarnic/platform/NSScanner.h"
+#include "zarnic/platform/foundation/NSScanner.h"
 
 namespace zn {
 namespace {

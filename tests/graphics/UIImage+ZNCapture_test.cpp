@@ -2,7 +2,7 @@
 
 #include "tests/drawing/Pixels.h"
 #include "zarnic/UIImage+ZNCategory.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

@@ -8,7 +8,7 @@
 #include "tests/drawing/Pixels.h"
 #include "tests/support/TemporaryFolder.h"
 #include "zarnic/UIColor+ZNCategory.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 namespace {

@@ -6,8 +6,8 @@
 #include <set>
 
 #include "tests/drawing/Pixels.h"
-#include "zarnic/platform/CGContext.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/drawing/CGContext.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 namespace {

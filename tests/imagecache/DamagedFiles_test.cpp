@@ -8,7 +8,7 @@
 #include "tests/imagecache/RealTime.h"
 #include "tests/imagecache/TestImages.h"
 #include "zarnic/NSString+ZNCategory.h"
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 
 namespace zn {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "tests/imagecache/RealTime.h"
 #include "tests/imagecache/TestImages.h"
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 namespace {

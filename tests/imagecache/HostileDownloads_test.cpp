@@ -6,9 +6,9 @@
 #include "tests/imagecache/RealTime.h"
 #include "tests/imagecache/TestImages.h"
 #include "tests/support/HostileServer.h"
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/HttpTransport.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/services/HttpTransport.h"
+#include "zarnic/platform/services/Services.h"
 
 namespace zn {
 namespace {

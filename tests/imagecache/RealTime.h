@@ -7,9 +7,9 @@
 
 #include "tests/support/TemporaryFolder.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/NSURLConnection.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/services/NSURLConnection.h"
 
 namespace zn {
 

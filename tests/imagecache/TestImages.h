@@ -1,8 +1,8 @@
 #pragma once
 
-#include "zarnic/platform/UIColor.h"
-#include "zarnic/platform/UIImage.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/drawing/UIColor.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <random>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

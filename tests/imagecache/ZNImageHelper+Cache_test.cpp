@@ -3,7 +3,7 @@
 #include "tests/imagecache/TestImages.h"
 #include "zarnic/ZNFileHelper.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/NSThread.h"
+#include "zarnic/platform/foundation/NSThread.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

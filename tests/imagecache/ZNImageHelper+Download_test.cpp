@@ -8,7 +8,7 @@
 #include "zarnic/NSString+ZNCategory.h"
 #include "zarnic/ZNFileHelper.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/NSThread.h"
+#include "zarnic/platform/foundation/NSThread.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

@@ -3,8 +3,8 @@
 #include "tests/imagecache/TestImages.h"
 #include "zarnic/NSString+ZNCategory.h"
 #include "zarnic/ZNImageHelper.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

@@ -4,8 +4,8 @@
 
 #include "tests/drawing/Pixels.h"
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/Compositor.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/layers/Compositor.h"
 
 namespace zn {
 

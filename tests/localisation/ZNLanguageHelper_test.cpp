@@ -7,8 +7,8 @@
 #include <thread>
 
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 
 namespace zn {
 namespace {

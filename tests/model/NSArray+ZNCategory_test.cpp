@@ -4,8 +4,8 @@
 
 #include "zarnic/NSDictionary+ZNCategory.h"
 #include "zarnic/NSMutableArray+ZNCategory.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 using namespace zn;
 

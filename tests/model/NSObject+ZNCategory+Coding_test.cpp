@@ -1,11 +1,11 @@
 #include <gmock/gmock.h>
 
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSKeyedArchiver.h"
-#include "zarnic/platform/NSKeyedUnarchiver.h"
-#include "zarnic/platform/NSValue.h"
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/drawing/NSValue.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSKeyedArchiver.h"
+#include "zarnic/platform/foundation/NSKeyedUnarchiver.h"
+#include "zarnic/platform/foundation/Property.h"
 
 using namespace zn;
 

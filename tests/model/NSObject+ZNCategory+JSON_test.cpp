@@ -4,8 +4,8 @@
 #include <random>
 
 #include "zarnic/NSObject+ZNCategory.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 using namespace zn;
 

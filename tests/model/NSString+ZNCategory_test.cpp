@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 using namespace zn;
 using namespace std::literals;

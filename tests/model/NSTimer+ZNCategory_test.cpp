@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 using namespace zn;
 

@@ -5,7 +5,7 @@
 
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 

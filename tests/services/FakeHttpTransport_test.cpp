@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/Services.h"
 #include "zarnic/testing/Stage.h"
 
 using namespace zn;

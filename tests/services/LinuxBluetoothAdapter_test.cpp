@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "tests/support/PrivateBus.h"
-#include "zarnic/platform/CBCentralManager.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/CBCentralManager.h"
+#include "zarnic/platform/services/Services.h"
 
 using namespace zn;
 using enum CBManagerState;

@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 #include "zarnic/testing/FakeURLOpener.h"
 
 using namespace zn;

@@ -1,8 +1,8 @@
-#include "zarnic/platform/NSURLConnection.h"
+#include "zarnic/platform/services/NSURLConnection.h"
 
 #include <gmock/gmock.h>
 
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/Services.h"
 #include "zarnic/testing/FakeHttpTransport.h"
 
 using namespace zn;

@@ -1,8 +1,8 @@
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/Services.h"
 
 #include <gtest/gtest.h>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
 
 using namespace zn;

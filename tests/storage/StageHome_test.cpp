@@ -5,7 +5,7 @@
 
 #include "tests/support/TemporaryFolder.h"
 #include "zarnic/ZNFileHelper.h"
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 #include "zarnic/testing/Stage.h"
 
 using namespace zn;

@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "tests/storage/DataBaseFixture.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

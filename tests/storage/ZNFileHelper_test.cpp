@@ -9,8 +9,8 @@
 #include <limits>
 
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 using namespace zn;
 using namespace std::literals;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/Compositor.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/layers/Compositor.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

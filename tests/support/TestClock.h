@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "zarnic/platform/ManualClock.h"
+#include "zarnic/platform/foundation/ManualClock.h"
 
 namespace zn {
 

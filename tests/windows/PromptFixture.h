@@ -6,10 +6,10 @@
 #include <string>
 
 #include "zarnic/ZNPromptWindow.h"
-#include "zarnic/platform/CALayer.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/TextLayout.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/drawing/TextLayout.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/layers/CALayer.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "zarnic/platform/Export.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/foundation/Export.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

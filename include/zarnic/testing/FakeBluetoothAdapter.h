@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/BluetoothAdapter.h"
+#include "zarnic/platform/services/BluetoothAdapter.h"
 
 namespace zn {
 

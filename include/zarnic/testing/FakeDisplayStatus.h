@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/DisplayStatus.h"
+#include "zarnic/platform/services/DisplayStatus.h"
 
 namespace zn {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/HttpTransport.h"
-#include "zarnic/platform/NSCondition.h"
+#include "zarnic/platform/foundation/NSCondition.h"
+#include "zarnic/platform/services/HttpTransport.h"
 
 namespace zn {
 

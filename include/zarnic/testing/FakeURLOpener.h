@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/URLOpener.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/services/URLOpener.h"
 
 namespace zn {
 

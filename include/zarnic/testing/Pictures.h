@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 

@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/HeadlessHost.h"
-#include "zarnic/platform/ManualClock.h"
-#include "zarnic/platform/UIKeyInput.h"
-#include "zarnic/platform/UIViewController.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/foundation/ManualClock.h"
+#include "zarnic/platform/host/HeadlessHost.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
+#include "zarnic/platform/uikit/UIViewController.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 #include "zarnic/testing/FakeBluetoothAdapter.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
 #include "zarnic/testing/FakeDisplayStatus.h"

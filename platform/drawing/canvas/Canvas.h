@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/drawing/canvas/Picture.h"
-#include "zarnic/platform/CGContext.h"
+#include "zarnic/platform/drawing/CGContext.h"
 
 using cairo_t = struct _cairo;
 using cairo_pattern_t = struct _cairo_pattern;

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "zarnic/platform/CGImage.h"
+#include "zarnic/platform/drawing/CGImage.h"
 
 using cairo_surface_t = struct _cairo_surface;
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/CGContext.h"
+#include "zarnic/platform/drawing/CGContext.h"
 
 #include <new>
 

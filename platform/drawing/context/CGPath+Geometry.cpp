@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <array>
 
-#include "zarnic/platform/UIBezierPath.h"
+#include "zarnic/platform/drawing/UIBezierPath.h"
 
 namespace zn {
 

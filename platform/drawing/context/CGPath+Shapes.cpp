@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <numbers>
 
-#include "zarnic/platform/UIBezierPath.h"
+#include "zarnic/platform/drawing/UIBezierPath.h"
 
 namespace zn {
 

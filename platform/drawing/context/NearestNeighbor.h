@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "zarnic/platform/CGImage.h"
+#include "zarnic/platform/drawing/CGImage.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/CGContext.h"
+#include "zarnic/platform/drawing/CGContext.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIBezierPath.h"
+#include "zarnic/platform/drawing/UIBezierPath.h"
 
 #include "platform/drawing/context/CurrentContext.h"
 

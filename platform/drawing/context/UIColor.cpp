@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/UIColor.h"
 
 #include <cstdio>
 #include <functional>

@@ -1,10 +1,10 @@
-#include "zarnic/platform/CIFilter.h"
+#include "zarnic/platform/drawing/CIFilter.h"
 
 #include <algorithm>
 
 #include "platform/drawing/filters/CodeGenerators.h"
 #include "platform/drawing/filters/FalseColor.h"
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/UIColor.h"
 
 namespace zn {
 

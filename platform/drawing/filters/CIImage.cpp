@@ -1,4 +1,4 @@
-#include "zarnic/platform/CIImage.h"
+#include "zarnic/platform/drawing/CIImage.h"
 
 namespace zn {
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "zarnic/platform/CGImage.h"
+#include "zarnic/platform/drawing/CGImage.h"
 
 namespace zn {
 

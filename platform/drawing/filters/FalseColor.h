@@ -1,7 +1,7 @@
 #pragma once
 
-#include "zarnic/platform/CGImage.h"
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/CGImage.h"
+#include "zarnic/platform/drawing/UIColor.h"
 
 namespace zn {
 

@@ -9,7 +9,7 @@
 #include <iterator>
 
 #include "platform/drawing/fonts/GlyphFont.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

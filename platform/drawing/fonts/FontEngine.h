@@ -8,7 +8,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "zarnic/platform/UIFont.h"
+#include "zarnic/platform/drawing/UIFont.h"
 
 namespace zn {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/UIFont.h"
+#include "zarnic/platform/drawing/UIFont.h"
 
 namespace zn {
 

@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-#include "zarnic/platform/Geometry.h"
+#include "zarnic/platform/drawing/Geometry.h"
 
 namespace zn {
 

@@ -6,7 +6,7 @@
 
 #include "platform/drawing/fonts/FontEngine.h"
 #include "platform/drawing/text/TextLayoutCache.h"
-#include "zarnic/platform/UIFont.h"
+#include "zarnic/platform/drawing/UIFont.h"
 
 namespace zn {
 namespace {

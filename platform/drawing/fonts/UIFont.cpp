@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIFont.h"
+#include "zarnic/platform/drawing/UIFont.h"
 
 #include <hb-ot.h>
 #include <pango/pangofc-font.h>

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "zarnic/platform/Geometry.h"
+#include "zarnic/platform/drawing/Geometry.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/Geometry.h"
+#include "zarnic/platform/drawing/Geometry.h"
 
 #include <algorithm>
 

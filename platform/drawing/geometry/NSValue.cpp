@@ -1,11 +1,11 @@
-#include "zarnic/platform/NSValue.h"
+#include "zarnic/platform/drawing/NSValue.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <functional>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 

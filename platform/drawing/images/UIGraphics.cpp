@@ -2,8 +2,8 @@
 #include <vector>
 
 #include "platform/drawing/context/CurrentContext.h"
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 

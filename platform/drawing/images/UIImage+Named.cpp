@@ -3,8 +3,8 @@
 #include <mutex>
 
 #include "platform/drawing/context/CurrentContext.h"
-#include "zarnic/platform/NSBundle.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/foundation/NSBundle.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "zarnic/platform/CGImage.h"
+#include "zarnic/platform/drawing/CGImage.h"
 
 #include <algorithm>
 

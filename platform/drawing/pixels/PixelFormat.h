@@ -5,7 +5,7 @@
 #include <optional>
 #include <span>
 
-#include "zarnic/platform/CGImage.h"
+#include "zarnic/platform/drawing/CGImage.h"
 
 namespace zn {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
 
 namespace zn {
 

@@ -11,7 +11,7 @@
 
 #include "platform/drawing/fonts/GlyphFont.h"
 #include "platform/drawing/text/TextShaping.h"
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
 
 namespace zn {
 

@@ -7,7 +7,7 @@
 
 #include "platform/drawing/fonts/FontEngine.h"
 #include "platform/drawing/text/TextSource.h"
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
 
 namespace zn {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 /// The words of the archive's property list.
 namespace zn::archive {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSCoder.h"
+#include "zarnic/platform/foundation/NSCoder.h"
 
 namespace zn {
 

@@ -1,12 +1,12 @@
-#include "zarnic/platform/NSKeyedArchiver.h"
+#include "zarnic/platform/foundation/NSKeyedArchiver.h"
 
 #include "platform/foundation/archives/ContainerFiller.h"
 #include "platform/foundation/archives/KeyedArchive.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
-#include "zarnic/platform/NSString.h"
-#include "zarnic/platform/ValueFiles.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSString.h"
+#include "zarnic/platform/foundation/ValueFiles.h"
 
 namespace zn {
 namespace {

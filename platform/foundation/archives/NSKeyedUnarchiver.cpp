@@ -1,12 +1,12 @@
-#include "zarnic/platform/NSKeyedUnarchiver.h"
+#include "zarnic/platform/foundation/NSKeyedUnarchiver.h"
 
 #include "platform/foundation/archives/ContainerFiller.h"
 #include "platform/foundation/archives/KeyedArchive.h"
 #include "platform/foundation/files/FileBytes.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 #include <cstdarg>
 #include <cstdio>

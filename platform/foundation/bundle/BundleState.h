@@ -3,7 +3,7 @@
 #include <mutex>
 
 #include "platform/foundation/bundle/BundleTables.h"
-#include "zarnic/platform/NSBundle.h"
+#include "zarnic/platform/foundation/NSBundle.h"
 
 namespace zn {
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "platform/foundation/files/FileBytes.h"
-#include "zarnic/platform/NSBundle.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSBundle.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 namespace {

@@ -8,8 +8,8 @@
 #include "platform/foundation/files/AtomicFile.h"
 #include "platform/foundation/files/FileDescriptor.h"
 #include "platform/foundation/plist/PropertyListWriters.h"
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 namespace zn {
 namespace {

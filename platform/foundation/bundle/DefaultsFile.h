@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #include "platform/foundation/bundle/DefaultsState.h"
 
-#include "zarnic/platform/Dispatch.h"
+#include "zarnic/platform/foundation/Dispatch.h"
 
 namespace zn {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/foundation/bundle/DefaultsFile.h"
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 
 namespace zn {
 

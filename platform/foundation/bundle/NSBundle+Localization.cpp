@@ -3,8 +3,8 @@
 
 #include "platform/foundation/bundle/BundleState.h"
 #include "platform/foundation/text/LocaleNames.h"
-#include "zarnic/platform/NSBundle.h"
-#include "zarnic/platform/NSLocale.h"
+#include "zarnic/platform/foundation/NSBundle.h"
+#include "zarnic/platform/foundation/NSLocale.h"
 
 namespace zn {
 namespace {

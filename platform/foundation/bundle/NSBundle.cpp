@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSBundle.h"
+#include "zarnic/platform/foundation/NSBundle.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -8,8 +8,8 @@
 
 #include "platform/foundation/bundle/BundleState.h"
 #include "platform/foundation/bundle/Folders.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSFileManager.h"
+#include "zarnic/platform/foundation/NSFileManager.h"
 
 #include <sys/stat.h>
 
@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "platform/foundation/files/FolderWalk.h"
-#include "zarnic/platform/ValueFiles.h"
+#include "zarnic/platform/foundation/ValueFiles.h"
 
 namespace zn {
 namespace {

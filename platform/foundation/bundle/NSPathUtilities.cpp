@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSPathUtilities.h"
+#include "zarnic/platform/foundation/NSPathUtilities.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -8,8 +8,8 @@
 #include <filesystem>
 
 #include "platform/foundation/bundle/Folders.h"
-#include "zarnic/platform/NSBundle.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSBundle.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -1,11 +1,11 @@
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 
 #include <cstdlib>
 
 #include "platform/foundation/bundle/DefaultsState.h"
 #include "platform/foundation/bundle/Folders.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 namespace zn {
 namespace {

@@ -7,8 +7,8 @@
 #include <span>
 
 #include "platform/foundation/bundle/StringsParser.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -1,8 +1,8 @@
-#include "zarnic/platform/NSPointerArray.h"
+#include "zarnic/platform/foundation/NSPointerArray.h"
 
 #include <string>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 

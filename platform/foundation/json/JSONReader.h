@@ -8,7 +8,7 @@
 
 #include "platform/foundation/json/JSONShapes.h"
 #include "platform/foundation/objects/ValueBlocks.h"
-#include "zarnic/platform/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
 
 namespace zn {
 

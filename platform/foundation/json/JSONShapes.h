@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/foundation/base/EightBytes.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

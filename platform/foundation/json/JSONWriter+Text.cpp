@@ -1,6 +1,6 @@
 #include "platform/foundation/base/EightBytes.h"
 #include "platform/foundation/json/JSONWriter.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 

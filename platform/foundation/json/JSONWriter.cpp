@@ -5,9 +5,9 @@
 #include <cmath>
 #include <new>
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSJSONSerialization.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

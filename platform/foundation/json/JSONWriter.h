@@ -6,8 +6,8 @@
 #include <memory>
 #include <string_view>
 
-#include "zarnic/platform/NSError.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/NSError.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 #include "platform/foundation/json/JSONReader.h"
 #include "platform/foundation/json/JSONText.h"
 #include "platform/foundation/json/JSONWriter.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

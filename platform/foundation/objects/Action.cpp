@@ -1,7 +1,7 @@
-#include "zarnic/platform/Action.h"
+#include "zarnic/platform/foundation/Action.h"
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 

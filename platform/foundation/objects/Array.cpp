@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "platform/foundation/objects/ValueBlocks.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

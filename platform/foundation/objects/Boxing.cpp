@@ -1,4 +1,4 @@
-#include "zarnic/platform/Boxing.h"
+#include "zarnic/platform/foundation/Boxing.h"
 
 namespace zn {
 

@@ -1,10 +1,10 @@
-#include "zarnic/platform/Class.h"
+#include "zarnic/platform/foundation/Class.h"
 
 #include <map>
 #include <mutex>
 #include <shared_mutex>
 
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/foundation/Property.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
 #include <bit>
 #include <functional>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 namespace {

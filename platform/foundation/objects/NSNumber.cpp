@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSNumber.h"
+#include "zarnic/platform/foundation/NSNumber.h"
 
 namespace zn {
 

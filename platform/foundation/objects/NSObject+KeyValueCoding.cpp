@@ -1,8 +1,8 @@
 #include <span>
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSObject.h"
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSObject.h"
+#include "zarnic/platform/foundation/Property.h"
 
 namespace zn {
 namespace {

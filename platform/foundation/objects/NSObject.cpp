@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSObject.h"
+#include "zarnic/platform/foundation/NSObject.h"
 
 #include <functional>
 #include <map>
@@ -6,8 +6,8 @@
 #include <new>
 
 #include "platform/foundation/base/FastThreadLocal.h"
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/foundation/Property.h"
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/foundation/text/NumberText.h"
-#include "zarnic/platform/NSString.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/NSString.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 namespace {

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 namespace {

@@ -2,7 +2,7 @@
 #include <cmath>
 #include <functional>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 #include "platform/foundation/objects/ValueBlocks.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "platform/foundation/base/FastThreadLocal.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/foundation/objects/ValuePool.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

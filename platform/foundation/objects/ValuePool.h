@@ -5,7 +5,7 @@
 #include <new>
 #include <utility>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

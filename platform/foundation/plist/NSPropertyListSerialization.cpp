@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 #include <plist/plist.h>
 
@@ -9,7 +9,7 @@
 #include "platform/foundation/plist/PropertyListBinaryReader.h"
 #include "platform/foundation/plist/PropertyListWriters.h"
 #include "platform/foundation/plist/PropertyListXmlGuard.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

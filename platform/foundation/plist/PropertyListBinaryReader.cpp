@@ -12,8 +12,8 @@
 
 #include "platform/foundation/plist/PropertyListFormat.h"
 #include "platform/foundation/plist/PropertyListGraph.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -6,7 +6,7 @@
 #include "platform/foundation/plist/PropertyListGraph.h"
 #include "platform/foundation/plist/PropertyListWriters.h"
 #include "platform/foundation/text/Utf8.h"
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 namespace {

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

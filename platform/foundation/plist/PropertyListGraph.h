@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

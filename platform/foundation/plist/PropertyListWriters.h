@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

@@ -5,7 +5,7 @@
 #include "platform/foundation/plist/PropertyListGraph.h"
 #include "platform/foundation/plist/PropertyListWriters.h"
 #include "platform/foundation/text/NumberText.h"
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 namespace {

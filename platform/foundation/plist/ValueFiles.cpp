@@ -1,11 +1,11 @@
-#include "zarnic/platform/ValueFiles.h"
+#include "zarnic/platform/foundation/ValueFiles.h"
 
 #include <string>
 
 #include "platform/foundation/files/AtomicFile.h"
 #include "platform/foundation/files/FileBytes.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 namespace zn {
 namespace {

@@ -1,10 +1,10 @@
-#include "zarnic/platform/Dispatch.h"
+#include "zarnic/platform/foundation/Dispatch.h"
 
 #include "platform/foundation/runloop/MainQueue.h"
 #include "platform/foundation/threads/GlobalPool.h"
 #include "platform/foundation/threads/ThreadEntry.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/ManualClock.h"
+#include "zarnic/platform/foundation/ManualClock.h"
 
 #include <algorithm>
 #include <condition_variable>
@@ -10,7 +10,7 @@
 #include "platform/foundation/runloop/RunLoopState.h"
 #include "platform/foundation/threads/ThreadEntry.h"
 #include "platform/foundation/time/Waiter.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 

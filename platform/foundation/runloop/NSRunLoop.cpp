@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 #include <algorithm>
 #include <cmath>

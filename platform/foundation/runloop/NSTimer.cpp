@@ -1,7 +1,7 @@
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 #include "platform/foundation/runloop/TimerState.h"
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 

@@ -12,7 +12,7 @@
 
 #include "platform/foundation/runloop/Schedule.h"
 #include "platform/foundation/time/Waiter.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 

@@ -8,8 +8,8 @@
 #include <optional>
 #include <vector>
 
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 

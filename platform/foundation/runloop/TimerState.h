@@ -4,7 +4,7 @@
 
 #include "platform/foundation/runloop/RunLoopState.h"
 #include "platform/foundation/runloop/Schedule.h"
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 namespace zn {
 

@@ -1,9 +1,9 @@
-#include "zarnic/platform/NSCharacterSet.h"
+#include "zarnic/platform/foundation/NSCharacterSet.h"
 
 #include <algorithm>
 
 #include "platform/foundation/text/Utf8.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 

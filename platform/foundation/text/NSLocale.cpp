@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSLocale.h"
+#include "zarnic/platform/foundation/NSLocale.h"
 
 #include <unicode/uloc.h>
 
@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/foundation/text/LocaleNames.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -1,9 +1,9 @@
-#include "zarnic/platform/NSScanner.h"
+#include "zarnic/platform/foundation/NSScanner.h"
 
 #include <limits>
 
 #include "platform/foundation/text/Utf8.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "platform/foundation/text/Utf8.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

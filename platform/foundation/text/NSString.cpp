@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>

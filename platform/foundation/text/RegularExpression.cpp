@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

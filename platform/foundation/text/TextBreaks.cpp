@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "platform/foundation/text/Utf8.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "zarnic/platform/Export.h"
+#include "zarnic/platform/foundation/Export.h"
 
 /// Where a UTF-8 text may be cut (Unicode Standard Annex 29). Positions are bytes; one beyond the
 /// end means the end, one inside a character belongs to it. Each call looks only as far as the next

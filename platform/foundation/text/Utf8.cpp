@@ -3,7 +3,7 @@
 #include <unicode/utf8.h>
 
 #include "platform/foundation/base/EightBytes.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 

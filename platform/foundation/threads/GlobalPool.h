@@ -5,7 +5,7 @@
 #include <mutex>
 #include <vector>
 
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 

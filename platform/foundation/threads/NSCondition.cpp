@@ -1,11 +1,11 @@
-#include "zarnic/platform/NSCondition.h"
+#include "zarnic/platform/foundation/NSCondition.h"
 
 #include <algorithm>
 #include <deque>
 #include <mutex>
 
 #include "platform/foundation/time/Waiter.h"
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 namespace zn {
 namespace {

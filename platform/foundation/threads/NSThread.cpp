@@ -1,12 +1,12 @@
-#include "zarnic/platform/NSThread.h"
+#include "zarnic/platform/foundation/NSThread.h"
 
 #include <atomic>
 #include <cstdio>
 #include <mutex>
 
 #include "platform/foundation/threads/ThreadEntry.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

@@ -7,9 +7,9 @@
 #include <memory>
 #include <thread>
 
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 #include <mutex>
 
 #include "platform/foundation/time/Waiter.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

@@ -1,11 +1,11 @@
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 

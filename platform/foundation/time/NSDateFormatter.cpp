@@ -1,10 +1,10 @@
-#include "zarnic/platform/NSDateFormatter.h"
+#include "zarnic/platform/foundation/NSDateFormatter.h"
 
 #include <unicode/smpdtfmt.h>
 
 #include <mutex>
 
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

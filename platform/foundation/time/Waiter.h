@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <mutex>
 
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 

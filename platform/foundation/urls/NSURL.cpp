@@ -1,9 +1,9 @@
-#include "zarnic/platform/NSURL.h"
+#include "zarnic/platform/foundation/NSURL.h"
 
 #include <charconv>
 #include <functional>
 
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

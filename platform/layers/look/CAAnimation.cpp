@@ -1,9 +1,9 @@
-#include "zarnic/platform/CAAnimation.h"
+#include "zarnic/platform/layers/CAAnimation.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 

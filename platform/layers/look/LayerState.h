@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "zarnic/platform/CALayer.h"
+#include "zarnic/platform/layers/CALayer.h"
 
 namespace zn {
 

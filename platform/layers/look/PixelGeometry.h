@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "zarnic/platform/Compositor.h"
+#include "zarnic/platform/layers/Compositor.h"
 
 namespace zn {
 

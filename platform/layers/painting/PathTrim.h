@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIBezierPath.h"
+#include "zarnic/platform/drawing/UIBezierPath.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/Compositor.h"
+#include "zarnic/platform/layers/Compositor.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +11,7 @@
 #include "platform/layers/tree/AnimationScheduler.h"
 #include "platform/layers/tree/DrawnContents.h"
 #include "platform/layers/tree/LayerCommit.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

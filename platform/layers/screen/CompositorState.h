@@ -2,7 +2,7 @@
 
 #include "platform/layers/screen/ContentShift.h"
 #include "platform/layers/tree/CommittedLayer.h"
-#include "zarnic/platform/Compositor.h"
+#include "zarnic/platform/layers/Compositor.h"
 
 namespace zn {
 

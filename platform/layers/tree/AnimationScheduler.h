@@ -3,7 +3,7 @@
 #include <deque>
 
 #include "platform/layers/tree/RunningAnimation.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/CAGradientLayer.h"
+#include "zarnic/platform/layers/CAGradientLayer.h"
 
 #include "platform/layers/tree/LayerNode.h"
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "platform/layers/tree/LayerNode.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

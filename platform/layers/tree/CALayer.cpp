@@ -1,4 +1,4 @@
-#include "zarnic/platform/CALayer.h"
+#include "zarnic/platform/layers/CALayer.h"
 
 #include "platform/layers/tree/AnimationScheduler.h"
 #include "platform/layers/tree/DrawnContents.h"

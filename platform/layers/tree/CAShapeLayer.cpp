@@ -1,4 +1,4 @@
-#include "zarnic/platform/CAShapeLayer.h"
+#include "zarnic/platform/layers/CAShapeLayer.h"
 
 #include "platform/layers/tree/LayerNode.h"
 

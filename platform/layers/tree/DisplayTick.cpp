@@ -1,8 +1,8 @@
-#include "zarnic/platform/DisplayTick.h"
+#include "zarnic/platform/layers/DisplayTick.h"
 
 #include <cmath>
 
-#include "zarnic/platform/CAAnimation.h"
+#include "zarnic/platform/layers/CAAnimation.h"
 
 namespace zn {
 

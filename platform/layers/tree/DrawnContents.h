@@ -3,7 +3,7 @@
 #include <list>
 #include <unordered_map>
 
-#include "zarnic/platform/CALayer.h"
+#include "zarnic/platform/layers/CALayer.h"
 
 namespace zn {
 

@@ -3,8 +3,8 @@
 #include <limits>
 #include <vector>
 
-#include "zarnic/platform/Compositor.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/layers/Compositor.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/CALayer.h"
+#include "zarnic/platform/layers/CALayer.h"
 
 namespace zn {
 

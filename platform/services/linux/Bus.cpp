@@ -1,7 +1,7 @@
 #include "platform/services/linux/Bus.h"
 
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/Dispatch.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/Dispatch.h"
 
 namespace zn {
 namespace {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 

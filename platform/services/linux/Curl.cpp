@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "platform/services/linux/OpenSSL.h"
-#include "zarnic/platform/NSLog.h"
+#include "zarnic/platform/foundation/NSLog.h"
 
 namespace zn {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/services/linux/HttpHandle.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/Value.h"
 
 namespace zn {
 

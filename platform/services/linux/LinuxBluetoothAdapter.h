@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/services/linux/Bus.h"
-#include "zarnic/platform/BluetoothAdapter.h"
+#include "zarnic/platform/services/BluetoothAdapter.h"
 
 namespace zn {
 

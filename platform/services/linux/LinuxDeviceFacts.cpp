@@ -7,7 +7,7 @@
 #include "platform/foundation/files/FileBytes.h"
 #include "platform/services/linux/PowerSupply.h"
 #include "platform/services/linux/VendorIdentifier.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

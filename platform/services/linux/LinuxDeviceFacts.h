@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "zarnic/platform/DeviceFacts.h"
+#include "zarnic/platform/services/DeviceFacts.h"
 
 namespace zn {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/services/linux/Bus.h"
-#include "zarnic/platform/DisplayStatus.h"
+#include "zarnic/platform/services/DisplayStatus.h"
 
 namespace zn {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "zarnic/platform/HttpTransport.h"
+#include "zarnic/platform/services/HttpTransport.h"
 
 namespace zn {
 

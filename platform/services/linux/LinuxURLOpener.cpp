@@ -9,7 +9,7 @@
 #include <optional>
 #include <thread>
 
-#include "zarnic/platform/Dispatch.h"
+#include "zarnic/platform/foundation/Dispatch.h"
 
 namespace zn {
 namespace {

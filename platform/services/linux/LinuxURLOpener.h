@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "zarnic/platform/Export.h"
-#include "zarnic/platform/URLOpener.h"
+#include "zarnic/platform/foundation/Export.h"
+#include "zarnic/platform/services/URLOpener.h"
 
 namespace zn {
 

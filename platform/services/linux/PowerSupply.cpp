@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/foundation/files/FileBytes.h"
-#include "zarnic/platform/NSString.h"
+#include "zarnic/platform/foundation/NSString.h"
 
 namespace zn {
 namespace {

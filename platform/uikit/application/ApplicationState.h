@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "platform/uikit/keyboard/KeyboardPanel.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

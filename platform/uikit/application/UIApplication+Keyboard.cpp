@@ -1,8 +1,8 @@
 #include "platform/uikit/application/ApplicationState.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/NSValue.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/drawing/NSValue.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

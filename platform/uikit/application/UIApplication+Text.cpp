@@ -1,8 +1,8 @@
 #include "platform/uikit/application/ApplicationState.h"
 #include "platform/uikit/view/FirstResponder.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIKeyInput.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

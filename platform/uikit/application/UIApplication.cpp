@@ -1,13 +1,13 @@
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 #include "platform/uikit/application/ApplicationState.h"
 #include "platform/uikit/screen/ScreenState.h"
 #include "platform/uikit/touch/TouchDispatcher.h"
 #include "platform/uikit/view/FirstResponder.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/Services.h"
-#include "zarnic/platform/UIViewController.h"
-#include "zarnic/platform/URLOpener.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/services/Services.h"
+#include "zarnic/platform/services/URLOpener.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 namespace {

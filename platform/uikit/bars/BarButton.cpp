@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "zarnic/platform/NSTextAttributes.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/drawing/NSTextAttributes.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 namespace {

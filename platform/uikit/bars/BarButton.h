@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/uikit/controls/TintedImage.h"
-#include "zarnic/platform/UIBarButtonItem.h"
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UIFont.h"
+#include "zarnic/platform/drawing/UIFont.h"
+#include "zarnic/platform/uikit/UIBarButtonItem.h"
+#include "zarnic/platform/uikit/UIButton.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "zarnic/platform/CAShapeLayer.h"
-#include "zarnic/platform/UINavigationBar.h"
+#include "zarnic/platform/layers/CAShapeLayer.h"
+#include "zarnic/platform/uikit/UINavigationBar.h"
 
 namespace zn {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "zarnic/platform/UITabBar.h"
+#include "zarnic/platform/uikit/UITabBar.h"
 
 namespace zn {
 namespace {

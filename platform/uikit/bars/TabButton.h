@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/uikit/controls/TintedImage.h"
-#include "zarnic/platform/UIControl.h"
-#include "zarnic/platform/UILabel.h"
-#include "zarnic/platform/UITabBarItem.h"
+#include "zarnic/platform/uikit/UIControl.h"
+#include "zarnic/platform/uikit/UILabel.h"
+#include "zarnic/platform/uikit/UITabBarItem.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
-#include "zarnic/platform/UIBarButtonItem.h"
+#include "zarnic/platform/uikit/UIBarButtonItem.h"
 
-#include "zarnic/platform/UIControl.h"
+#include "zarnic/platform/uikit/UIControl.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/UINavigationBar.h"
+#include "zarnic/platform/uikit/UINavigationBar.h"
 
 #include <algorithm>
 

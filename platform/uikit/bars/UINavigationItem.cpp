@@ -1,4 +1,4 @@
-#include "zarnic/platform/UINavigationItem.h"
+#include "zarnic/platform/uikit/UINavigationItem.h"
 
 namespace zn {
 

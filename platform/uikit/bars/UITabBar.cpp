@@ -1,4 +1,4 @@
-#include "zarnic/platform/UITabBar.h"
+#include "zarnic/platform/uikit/UITabBar.h"
 
 #include <algorithm>
 

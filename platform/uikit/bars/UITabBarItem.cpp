@@ -1,4 +1,4 @@
-#include "zarnic/platform/UITabBarItem.h"
+#include "zarnic/platform/uikit/UITabBarItem.h"
 
 namespace zn {
 

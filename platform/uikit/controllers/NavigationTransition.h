@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/uikit/controllers/ScreenSlide.h"
-#include "zarnic/platform/UINavigationController.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 
 namespace zn {
 

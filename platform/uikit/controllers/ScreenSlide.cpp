@@ -1,6 +1,6 @@
 #include "platform/uikit/controllers/ScreenSlide.h"
 
-#include "zarnic/platform/CAGradientLayer.h"
+#include "zarnic/platform/layers/CAGradientLayer.h"
 
 namespace zn {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "platform/uikit/controllers/NavigationTransition.h"
-#include "zarnic/platform/UIScreen.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIScreen.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

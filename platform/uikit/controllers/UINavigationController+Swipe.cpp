@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "platform/uikit/controllers/NavigationTransition.h"
-#include "zarnic/platform/UIPanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIPanGestureRecognizer.h"
 
 namespace zn {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/uikit/controllers/NavigationTransition.h"
-#include "zarnic/platform/UITabBarController.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

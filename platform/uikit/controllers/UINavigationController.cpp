@@ -1,11 +1,11 @@
-#include "zarnic/platform/UINavigationController.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 
 #include <algorithm>
 
 #include "platform/uikit/controllers/NavigationTransition.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/UIScreenEdgePanGestureRecognizer.h"
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/uikit/UIScreenEdgePanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 
 namespace zn {
 

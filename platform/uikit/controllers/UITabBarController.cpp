@@ -1,9 +1,9 @@
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 
 #include <algorithm>
 
-#include "zarnic/platform/UINavigationController.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

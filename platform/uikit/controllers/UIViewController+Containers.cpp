@@ -1,6 +1,6 @@
-#include "zarnic/platform/UINavigationController.h"
-#include "zarnic/platform/UITabBarController.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 namespace {

@@ -1,6 +1,6 @@
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/UIViewController.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/uikit/UIViewController.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 namespace {

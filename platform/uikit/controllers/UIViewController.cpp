@@ -1,11 +1,11 @@
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 #include <algorithm>
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/UINavigationItem.h"
-#include "zarnic/platform/UIScreen.h"
-#include "zarnic/platform/UITabBarItem.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/uikit/UINavigationItem.h"
+#include "zarnic/platform/uikit/UIScreen.h"
+#include "zarnic/platform/uikit/UITabBarItem.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "zarnic/platform/UIImage.h"
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

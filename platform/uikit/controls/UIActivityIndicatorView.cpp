@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIActivityIndicatorView.h"
+#include "zarnic/platform/uikit/UIActivityIndicatorView.h"
 
 #include <numbers>
 

@@ -2,9 +2,9 @@
 #include <cmath>
 #include <limits>
 
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UIImageView.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UIButton.h"
+#include "zarnic/platform/uikit/UIImageView.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 namespace {

@@ -1,9 +1,9 @@
-#include "zarnic/platform/UIButton.h"
+#include "zarnic/platform/uikit/UIButton.h"
 
 #include <algorithm>
 
-#include "zarnic/platform/UIImageView.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UIImageView.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 namespace {

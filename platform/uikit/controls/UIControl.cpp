@@ -1,8 +1,8 @@
-#include "zarnic/platform/UIControl.h"
+#include "zarnic/platform/uikit/UIControl.h"
 
 #include <algorithm>
 
-#include "zarnic/platform/UIEvent.h"
+#include "zarnic/platform/uikit/UIEvent.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
-#include "zarnic/platform/UIImageView.h"
+#include "zarnic/platform/uikit/UIImageView.h"
 
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSThread.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSThread.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 #include <algorithm>
 

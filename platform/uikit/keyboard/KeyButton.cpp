@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "zarnic/platform/CAShapeLayer.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/layers/CAShapeLayer.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/uikit/keyboard/KeyboardLayout.h"
-#include "zarnic/platform/UIControl.h"
+#include "zarnic/platform/uikit/UIControl.h"
 
 namespace zn {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "zarnic/platform/Geometry.h"
-#include "zarnic/platform/UIKeyInput.h"
+#include "zarnic/platform/drawing/Geometry.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
 #include "platform/uikit/keyboard/KeyboardPanel.h"
 
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

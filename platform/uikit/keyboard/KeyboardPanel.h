@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/uikit/keyboard/KeyboardView.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

@@ -1,10 +1,10 @@
 #include "platform/uikit/keyboard/KeyboardView.h"
 
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/NSString.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSString.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 namespace zn {
 namespace {

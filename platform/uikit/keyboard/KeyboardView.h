@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "platform/uikit/keyboard/KeyButton.h"
-#include "zarnic/platform/NSTimer.h"
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/foundation/NSTimer.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

@@ -2,7 +2,7 @@
 
 #include "platform/uikit/screen/StatusBar.h"
 #include "platform/uikit/screen/WindowStack.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "platform/uikit/screen/StatusBar.h"
-#include "zarnic/platform/DeviceFacts.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/DeviceFacts.h"
+#include "zarnic/platform/services/Services.h"
 
 namespace zn {
 namespace {

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <ctime>
 
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 namespace {

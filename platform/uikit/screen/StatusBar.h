@@ -1,9 +1,9 @@
 #pragma once
 
-#include "zarnic/platform/CALayer.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/layers/CALayer.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
-#include "zarnic/platform/UIDevice.h"
+#include "zarnic/platform/uikit/UIDevice.h"
 
-#include "zarnic/platform/Services.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/services/Services.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 #include "platform/uikit/screen/ScreenState.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 namespace {

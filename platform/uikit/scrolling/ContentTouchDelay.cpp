@@ -1,7 +1,7 @@
 #include "platform/uikit/scrolling/ContentTouchDelay.h"
 
 #include "platform/uikit/scrolling/ScrollViewState.h"
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 namespace {

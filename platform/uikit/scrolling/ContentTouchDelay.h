@@ -1,7 +1,7 @@
 #pragma once
 
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UIGestureRecognizer.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/uikit/UIGestureRecognizer.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIEvent.h"
+#include "zarnic/platform/uikit/UIEvent.h"
 
 namespace zn {
 

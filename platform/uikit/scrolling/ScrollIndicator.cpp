@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/uikit/scrolling/ScrollCourse.h"
-#include "zarnic/platform/CALayer.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UIScrollView.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/layers/CALayer.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
 
 namespace zn {
 

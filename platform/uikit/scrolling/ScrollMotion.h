@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/uikit/scrolling/ScrollCourse.h"
-#include "zarnic/platform/UIScrollView.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
 
 namespace zn {
 

@@ -5,7 +5,7 @@
 #include "platform/uikit/scrolling/ScrollViewState.h"
 #include "platform/uikit/touch/TouchDispatcher.h"
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/UIScreenEdgePanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIScreenEdgePanGestureRecognizer.h"
 
 namespace zn {
 namespace {

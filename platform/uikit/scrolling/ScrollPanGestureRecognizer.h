@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIPanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIPanGestureRecognizer.h"
 
 namespace zn {
 

@@ -8,7 +8,7 @@
 #include "platform/uikit/scrolling/ScrollMotion.h"
 #include "platform/uikit/scrolling/ScrollPanGestureRecognizer.h"
 #include "platform/uikit/scrolling/TrackingMode.h"
-#include "zarnic/platform/DisplayTick.h"
+#include "zarnic/platform/layers/DisplayTick.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
 #include "platform/uikit/scrolling/StatusBarTap.h"
 
 #include "platform/uikit/scrolling/ScrollViewState.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 namespace zn {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "zarnic/platform/UIScrollView.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

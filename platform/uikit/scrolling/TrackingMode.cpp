@@ -1,6 +1,6 @@
 #include "platform/uikit/scrolling/TrackingMode.h"
 
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 namespace {

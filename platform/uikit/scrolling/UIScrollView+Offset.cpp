@@ -2,7 +2,7 @@
 
 #include "platform/uikit/scrolling/ScrollViewState.h"
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
 #include "platform/uikit/scrolling/ScrollViewState.h"
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIControl.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIControl.h"
 
 namespace zn {
 namespace {

@@ -1,9 +1,9 @@
-#include "zarnic/platform/UIScrollView.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
 
 #include "platform/uikit/scrolling/ScrollViewState.h"
 #include "platform/uikit/view/PixelRounding.h"
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 

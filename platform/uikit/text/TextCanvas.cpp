@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 namespace {

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "platform/uikit/text/TextFlow.h"
-#include "zarnic/platform/NSTimer.h"
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/foundation/NSTimer.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

@@ -3,8 +3,8 @@
 #include <string_view>
 #include <vector>
 
-#include "zarnic/platform/TextLayout.h"
-#include "zarnic/platform/UIKeyInput.h"
+#include "zarnic/platform/drawing/TextLayout.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
 
 namespace zn {
 

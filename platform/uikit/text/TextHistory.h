@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "zarnic/platform/UIKeyInput.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
 
 namespace zn {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/foundation/text/TextBreaks.h"
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/UIColor.h"
 
 namespace zn {
 namespace {

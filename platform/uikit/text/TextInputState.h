@@ -6,7 +6,7 @@
 #include "platform/uikit/text/TextCanvas.h"
 #include "platform/uikit/text/TextEditor.h"
 #include "platform/uikit/text/TextFlow.h"
-#include "zarnic/platform/UITextInput.h"
+#include "zarnic/platform/uikit/UITextInput.h"
 
 namespace zn {
 

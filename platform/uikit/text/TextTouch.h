@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "zarnic/platform/UITextInput.h"
+#include "zarnic/platform/uikit/UITextInput.h"
 
 namespace zn {
 

@@ -1,7 +1,7 @@
-#include "zarnic/platform/UIPasteboard.h"
+#include "zarnic/platform/uikit/UIPasteboard.h"
 
-#include "zarnic/platform/Clipboard.h"
-#include "zarnic/platform/Services.h"
+#include "zarnic/platform/services/Clipboard.h"
+#include "zarnic/platform/services/Services.h"
 
 namespace zn {
 

@@ -2,9 +2,9 @@
 
 #include "platform/uikit/text/TextInputState.h"
 #include "platform/uikit/text/TextTouch.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/UIEvent.h"
-#include "zarnic/platform/UITextField.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/uikit/UIEvent.h"
+#include "zarnic/platform/uikit/UITextField.h"
 
 namespace zn {
 namespace {

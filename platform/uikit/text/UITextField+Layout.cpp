@@ -3,12 +3,12 @@
 
 #include "platform/uikit/text/TextInputState.h"
 #include "platform/uikit/view/PixelRounding.h"
-#include "zarnic/platform/CGContext.h"
-#include "zarnic/platform/UIBezierPath.h"
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UIImage.h"
-#include "zarnic/platform/UILabel.h"
-#include "zarnic/platform/UITextField.h"
+#include "zarnic/platform/drawing/CGContext.h"
+#include "zarnic/platform/drawing/UIBezierPath.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/uikit/UIButton.h"
+#include "zarnic/platform/uikit/UILabel.h"
+#include "zarnic/platform/uikit/UITextField.h"
 
 namespace zn {
 namespace {

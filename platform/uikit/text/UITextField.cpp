@@ -1,9 +1,9 @@
-#include "zarnic/platform/UITextField.h"
+#include "zarnic/platform/uikit/UITextField.h"
 
 #include "platform/uikit/text/TextInputState.h"
 #include "platform/uikit/text/TextTouch.h"
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UIButton.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn {
 namespace {

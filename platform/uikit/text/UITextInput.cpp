@@ -1,11 +1,11 @@
-#include "zarnic/platform/UITextInput.h"
+#include "zarnic/platform/uikit/UITextInput.h"
 
 #include <algorithm>
 
 #include "platform/foundation/text/TextBreaks.h"
 #include "platform/uikit/text/TextInputState.h"
-#include "zarnic/platform/UIPasteboard.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIPasteboard.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

@@ -2,10 +2,10 @@
 
 #include "platform/uikit/text/TextInputState.h"
 #include "platform/uikit/text/TextTouch.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/UIEvent.h"
-#include "zarnic/platform/UILongPressGestureRecognizer.h"
-#include "zarnic/platform/UITextView.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/uikit/UIEvent.h"
+#include "zarnic/platform/uikit/UILongPressGestureRecognizer.h"
+#include "zarnic/platform/uikit/UITextView.h"
 
 namespace zn {
 namespace {

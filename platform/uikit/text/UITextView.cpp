@@ -1,10 +1,10 @@
-#include "zarnic/platform/UITextView.h"
+#include "zarnic/platform/uikit/UITextView.h"
 
 #include <algorithm>
 
 #include "platform/uikit/text/TextInputState.h"
 #include "platform/uikit/text/TextTouch.h"
-#include "zarnic/platform/UILongPressGestureRecognizer.h"
+#include "zarnic/platform/uikit/UILongPressGestureRecognizer.h"
 
 namespace zn {
 namespace {

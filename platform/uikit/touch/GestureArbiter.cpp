@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 namespace {

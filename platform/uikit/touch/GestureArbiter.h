@@ -3,7 +3,7 @@
 #include <functional>
 #include <vector>
 
-#include "zarnic/platform/UIGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIGestureRecognizer.h"
 
 namespace zn {
 

@@ -6,8 +6,8 @@
 #include "platform/uikit/scrolling/ContentTouches.h"
 #include "platform/uikit/scrolling/StatusBarTap.h"
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 namespace zn {
 namespace {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/uikit/touch/GestureArbiter.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/UIEvent.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/uikit/UIEvent.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIGestureRecognizer.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "zarnic/platform/UILongPressGestureRecognizer.h"
+#include "zarnic/platform/uikit/UILongPressGestureRecognizer.h"
 
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 

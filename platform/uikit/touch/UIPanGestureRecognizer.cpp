@@ -1,9 +1,9 @@
-#include "zarnic/platform/UIPanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIPanGestureRecognizer.h"
 
 #include <algorithm>
 
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/Clock.h"
+#include "zarnic/platform/foundation/Clock.h"
 
 namespace zn {
 namespace {

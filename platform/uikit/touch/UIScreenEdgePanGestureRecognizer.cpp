@@ -1,9 +1,9 @@
-#include "zarnic/platform/UIScreenEdgePanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIScreenEdgePanGestureRecognizer.h"
 
 #include <cmath>
 
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/UIScreen.h"
+#include "zarnic/platform/uikit/UIScreen.h"
 
 namespace zn {
 namespace {

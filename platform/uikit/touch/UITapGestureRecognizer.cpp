@@ -1,10 +1,10 @@
-#include "zarnic/platform/UITapGestureRecognizer.h"
+#include "zarnic/platform/uikit/UITapGestureRecognizer.h"
 
 #include <algorithm>
 
 #include "platform/uikit/view/ScreenSpace.h"
-#include "zarnic/platform/Clock.h"
-#include "zarnic/platform/UIControl.h"
+#include "zarnic/platform/foundation/Clock.h"
+#include "zarnic/platform/uikit/UIControl.h"
 
 namespace zn {
 namespace {

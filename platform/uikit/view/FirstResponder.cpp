@@ -1,6 +1,6 @@
 #include "platform/uikit/view/FirstResponder.h"
 
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIResponder.h"
+#include "zarnic/platform/uikit/UIResponder.h"
 
 namespace zn {
 

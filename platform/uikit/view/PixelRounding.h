@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "zarnic/platform/Geometry.h"
+#include "zarnic/platform/drawing/Geometry.h"
 
 namespace zn {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

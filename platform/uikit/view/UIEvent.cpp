@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIEvent.h"
+#include "zarnic/platform/uikit/UIEvent.h"
 
 #include <algorithm>
 

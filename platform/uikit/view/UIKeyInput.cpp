@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIKeyInput.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
 
 namespace zn {
 

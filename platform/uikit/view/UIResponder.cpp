@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIResponder.h"
+#include "zarnic/platform/uikit/UIResponder.h"
 
 #include "platform/uikit/view/FirstResponder.h"
 

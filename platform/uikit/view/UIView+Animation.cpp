@@ -1,5 +1,5 @@
 #include "platform/uikit/view/ViewAnimation.h"
-#include "zarnic/platform/Dispatch.h"
+#include "zarnic/platform/foundation/Dispatch.h"
 
 namespace zn {
 

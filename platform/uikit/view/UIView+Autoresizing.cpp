@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

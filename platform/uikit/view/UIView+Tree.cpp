@@ -2,11 +2,11 @@
 #include <limits>
 
 #include "platform/uikit/view/FirstResponder.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/UIKeyInput.h"
-#include "zarnic/platform/UIView.h"
-#include "zarnic/platform/UIViewController.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/uikit/UIKeyInput.h"
+#include "zarnic/platform/uikit/UIView.h"
+#include "zarnic/platform/uikit/UIViewController.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 

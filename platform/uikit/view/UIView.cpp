@@ -1,10 +1,10 @@
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 #include <algorithm>
 
 #include "platform/drawing/context/CurrentContext.h"
 #include "platform/uikit/view/ViewAnimation.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 

@@ -1,10 +1,10 @@
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 #include "platform/uikit/application/ApplicationState.h"
 #include "platform/uikit/screen/ScreenState.h"
 #include "platform/uikit/touch/TouchDispatcher.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 

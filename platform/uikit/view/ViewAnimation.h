@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "zarnic/platform/CAAnimation.h"
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/layers/CAAnimation.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 

@@ -7,7 +7,7 @@
 
 #include <jpeglib.h>
 
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "tests/drawing/Pixels.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 namespace {

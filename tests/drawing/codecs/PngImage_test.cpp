@@ -7,7 +7,7 @@
 #include <random>
 
 #include "tests/drawing/Pixels.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 namespace {

@@ -5,7 +5,7 @@
 #include <map>
 
 #include "tests/drawing/Pixels.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 namespace {

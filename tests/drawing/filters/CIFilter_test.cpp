@@ -1,9 +1,9 @@
-#include "zarnic/platform/CIFilter.h"
+#include "zarnic/platform/drawing/CIFilter.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/drawing/Pixels.h"
-#include "zarnic/platform/UIColor.h"
+#include "zarnic/platform/drawing/UIColor.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIFont.h"
+#include "zarnic/platform/drawing/UIFont.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -13,8 +13,8 @@
 #include <limits>
 #include <string>
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 using namespace zn;
 using testing::Contains;

@@ -1,10 +1,10 @@
-#include "zarnic/platform/Geometry.h"
+#include "zarnic/platform/drawing/Geometry.h"
 
 #include <gtest/gtest.h>
 
 #include <numbers>
 
-#include "zarnic/platform/NSValue.h"
+#include "zarnic/platform/drawing/NSValue.h"
 
 namespace zn {
 namespace {

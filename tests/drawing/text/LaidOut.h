@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/CGContext.h"
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/CGContext.h"
+#include "zarnic/platform/drawing/TextLayout.h"
 
 namespace zn {
 

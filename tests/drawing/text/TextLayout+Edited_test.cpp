@@ -3,7 +3,7 @@
 #include <array>
 #include <random>
 
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
 
 namespace zn {
 namespace {

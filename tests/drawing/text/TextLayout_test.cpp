@@ -1,4 +1,4 @@
-#include "zarnic/platform/TextLayout.h"
+#include "zarnic/platform/drawing/TextLayout.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSKeyedArchiver.h"
+#include "zarnic/platform/foundation/NSKeyedArchiver.h"
 
 #include <gtest/gtest.h>
 
@@ -7,11 +7,11 @@
 #include <filesystem>
 #include <limits>
 
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSKeyedUnarchiver.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
-#include "zarnic/platform/NSValue.h"
+#include "zarnic/platform/drawing/NSValue.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSKeyedUnarchiver.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 using namespace zn;
 

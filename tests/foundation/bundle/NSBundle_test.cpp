@@ -1,11 +1,11 @@
-#include "zarnic/platform/NSBundle.h"
+#include "zarnic/platform/foundation/NSBundle.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/NSPathUtilities.h"
+#include "zarnic/platform/foundation/NSPathUtilities.h"
 
 using namespace zn;
 namespace fs = std::filesystem;

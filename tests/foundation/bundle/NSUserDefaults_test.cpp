@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSUserDefaults.h"
+#include "zarnic/platform/foundation/NSUserDefaults.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -13,10 +13,10 @@
 #include <thread>
 
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSLog.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSLog.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 using namespace zn;
 

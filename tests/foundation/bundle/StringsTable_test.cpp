@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 namespace zn {
 namespace {

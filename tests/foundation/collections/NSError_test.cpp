@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSError.h"
+#include "zarnic/platform/foundation/NSError.h"
 
 #include <gtest/gtest.h>
 

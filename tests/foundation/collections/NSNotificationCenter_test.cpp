@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSNotificationCenter.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
 
 #include <gmock/gmock.h>
 

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <set>
 
-#include "zarnic/platform/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
 
 using namespace zn;
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "zarnic/platform/NSJSONSerialization.h"
+#include "zarnic/platform/foundation/NSJSONSerialization.h"
 
 /// What the tests of JSON share.
 namespace zn {

@@ -6,8 +6,8 @@
 #include <random>
 
 #include "tests/foundation/json/JSONTexts.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 using namespace zn;
 using namespace std::string_literals;

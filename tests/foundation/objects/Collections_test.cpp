@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <random>
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/Value.h"
 
 using namespace zn;
 

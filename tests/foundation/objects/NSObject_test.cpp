@@ -1,9 +1,9 @@
-#include "zarnic/platform/NSObject.h"
+#include "zarnic/platform/foundation/NSObject.h"
 
 #include <gtest/gtest.h>
 
-#include "zarnic/platform/Class.h"
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Class.h"
+#include "zarnic/platform/foundation/Value.h"
 
 using namespace zn;
 

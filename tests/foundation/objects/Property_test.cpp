@@ -1,9 +1,9 @@
-#include "zarnic/platform/Property.h"
+#include "zarnic/platform/foundation/Property.h"
 
 #include <gmock/gmock.h>
 
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 using namespace zn;
 

@@ -1,11 +1,11 @@
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 using namespace zn;
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/ValueFiles.h"
+#include "zarnic/platform/foundation/ValueFiles.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -12,8 +12,8 @@
 #include <random>
 
 #include "tests/support/TemporaryFolder.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSPropertyListSerialization.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSPropertyListSerialization.h"
 
 using namespace zn;
 

@@ -1,4 +1,4 @@
-#include "zarnic/platform/Dispatch.h"
+#include "zarnic/platform/foundation/Dispatch.h"
 
 #include <gmock/gmock.h>
 
@@ -9,10 +9,10 @@
 #include <thread>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/NSCondition.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/NSThread.h"
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/NSCondition.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSThread.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/ManualClock.h"
+#include "zarnic/platform/foundation/ManualClock.h"
 
 #include <gmock/gmock.h>
 
@@ -8,13 +8,13 @@
 #include <thread>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSCondition.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/NSThread.h"
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSCondition.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSThread.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 #include <gmock/gmock.h>
 #include <poll.h>
@@ -9,9 +9,9 @@
 #include <thread>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 namespace zn {
 namespace {

@@ -1,10 +1,10 @@
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 #include <gmock/gmock.h>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
 
 namespace zn {
 namespace {

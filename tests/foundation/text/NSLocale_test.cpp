@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSLocale.h"
+#include "zarnic/platform/foundation/NSLocale.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
-#include "zarnic/platform/NSScanner.h"
+#include "zarnic/platform/foundation/NSScanner.h"
 
 #include <gtest/gtest.h>
 
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 using namespace zn;
 

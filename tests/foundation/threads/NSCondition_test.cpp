@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSCondition.h"
+#include "zarnic/platform/foundation/NSCondition.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/NSDate.h"
-#include "zarnic/platform/NSThread.h"
+#include "zarnic/platform/foundation/NSDate.h"
+#include "zarnic/platform/foundation/NSThread.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSThread.h"
+#include "zarnic/platform/foundation/NSThread.h"
 
 #include <gmock/gmock.h>
 
@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/Dispatch.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/Dispatch.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSDateFormatter.h"
+#include "zarnic/platform/foundation/NSDateFormatter.h"
 
 #include <gtest/gtest.h>
 

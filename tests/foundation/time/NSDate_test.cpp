@@ -1,4 +1,4 @@
-#include "zarnic/platform/NSDate.h"
+#include "zarnic/platform/foundation/NSDate.h"
 
 #include <gtest/gtest.h>
 

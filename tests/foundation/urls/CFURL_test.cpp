@@ -1,4 +1,4 @@
-#include "zarnic/platform/CFURL.h"
+#include "zarnic/platform/foundation/CFURL.h"
 
 #include <gtest/gtest.h>
 

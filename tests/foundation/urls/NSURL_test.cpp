@@ -1,8 +1,8 @@
-#include "zarnic/platform/NSURL.h"
+#include "zarnic/platform/foundation/NSURL.h"
 
 #include <gtest/gtest.h>
 
-#include "zarnic/platform/Value.h"
+#include "zarnic/platform/foundation/Value.h"
 
 using namespace zn;
 

@@ -2,8 +2,8 @@
 #include <random>
 
 #include "tests/layers/Screen.h"
-#include "zarnic/platform/CAGradientLayer.h"
-#include "zarnic/platform/CAShapeLayer.h"
+#include "zarnic/platform/layers/CAGradientLayer.h"
+#include "zarnic/platform/layers/CAShapeLayer.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
 #include <random>
 
 #include "tests/layers/Screen.h"
-#include "zarnic/platform/CAGradientLayer.h"
+#include "zarnic/platform/layers/CAGradientLayer.h"
 
 namespace zn {
 namespace {

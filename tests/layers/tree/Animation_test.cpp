@@ -2,7 +2,7 @@
 #include <numbers>
 
 #include "tests/layers/Screen.h"
-#include "zarnic/platform/DisplayTick.h"
+#include "zarnic/platform/layers/DisplayTick.h"
 
 namespace zn {
 namespace {

@@ -1,10 +1,10 @@
-#include "zarnic/platform/CALayer.h"
+#include "zarnic/platform/layers/CALayer.h"
 
 #include <cmath>
 #include <numbers>
 
 #include "tests/layers/Screen.h"
-#include "zarnic/platform/NSException.h"
+#include "zarnic/platform/foundation/NSException.h"
 
 namespace zn {
 namespace {

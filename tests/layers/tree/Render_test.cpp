@@ -1,5 +1,5 @@
 #include "tests/layers/Screen.h"
-#include "zarnic/platform/CAShapeLayer.h"
+#include "zarnic/platform/layers/CAShapeLayer.h"
 
 namespace zn {
 namespace {

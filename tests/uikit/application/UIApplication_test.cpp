@@ -1,14 +1,14 @@
-#include "zarnic/platform/UIApplication.h"
+#include "zarnic/platform/uikit/UIApplication.h"
 
 #include <algorithm>
 
 #include "tests/uikit/touch/TouchFixture.h"
-#include "zarnic/platform/Compositor.h"
-#include "zarnic/platform/HeadlessHost.h"
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/NSValue.h"
-#include "zarnic/platform/Services.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/drawing/NSValue.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/host/HeadlessHost.h"
+#include "zarnic/platform/layers/Compositor.h"
+#include "zarnic/platform/services/Services.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 #include "zarnic/testing/FakeDeviceFacts.h"
 #include "zarnic/testing/FakeURLOpener.h"
 

@@ -1,7 +1,7 @@
-#include "zarnic/platform/UINavigationBar.h"
+#include "zarnic/platform/uikit/UINavigationBar.h"
 
 #include "tests/uikit/controllers/NavigationFixture.h"
-#include "zarnic/platform/NSTextAttributes.h"
+#include "zarnic/platform/drawing/NSTextAttributes.h"
 
 namespace zn {
 namespace {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/uikit/controllers/RecordingController.h"
-#include "zarnic/platform/UINavigationController.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 

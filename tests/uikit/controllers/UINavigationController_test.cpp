@@ -1,8 +1,8 @@
-#include "zarnic/platform/UINavigationController.h"
+#include "zarnic/platform/uikit/UINavigationController.h"
 
 #include "tests/uikit/controllers/NavigationFixture.h"
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 
 namespace zn {
 namespace {

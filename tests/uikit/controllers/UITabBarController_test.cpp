@@ -1,4 +1,4 @@
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 
 #include "tests/uikit/controllers/NavigationFixture.h"
 

@@ -1,5 +1,5 @@
 #include "tests/uikit/controllers/NavigationFixture.h"
-#include "zarnic/platform/UITabBarController.h"
+#include "zarnic/platform/uikit/UITabBarController.h"
 
 namespace zn {
 namespace {

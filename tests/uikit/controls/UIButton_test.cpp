@@ -1,8 +1,8 @@
-#include "zarnic/platform/UIButton.h"
+#include "zarnic/platform/uikit/UIButton.h"
 
 #include "tests/uikit/touch/TouchFixture.h"
-#include "zarnic/platform/UIImageView.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UIImageView.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn::test {
 namespace {

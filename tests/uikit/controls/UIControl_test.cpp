@@ -1,7 +1,7 @@
-#include "zarnic/platform/UIControl.h"
+#include "zarnic/platform/uikit/UIControl.h"
 
 #include "tests/uikit/touch/TouchFixture.h"
-#include "zarnic/platform/UIButton.h"
+#include "zarnic/platform/uikit/UIButton.h"
 
 namespace zn::test {
 namespace {

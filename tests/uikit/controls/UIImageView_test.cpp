@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIImageView.h"
+#include "zarnic/platform/uikit/UIImageView.h"
 
 #include <gmock/gmock.h>
 

@@ -1,11 +1,11 @@
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
 
 #include "tests/support/LayerScreen.h"
-#include "zarnic/platform/UIImage.h"
+#include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
 #include "platform/uikit/keyboard/KeyButton.h"
 #include "tests/uikit/text/TextStage.h"
-#include "zarnic/platform/NSValue.h"
-#include "zarnic/platform/UILabel.h"
+#include "zarnic/platform/drawing/NSValue.h"
+#include "zarnic/platform/uikit/UILabel.h"
 
 namespace zn::test {
 namespace {

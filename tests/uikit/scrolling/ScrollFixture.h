@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/uikit/touch/TouchFixture.h"
-#include "zarnic/platform/UIScrollView.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
 
 namespace zn::test {
 

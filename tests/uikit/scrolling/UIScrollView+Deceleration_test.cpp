@@ -1,6 +1,6 @@
 #include "tests/uikit/scrolling/ScrollFixture.h"
-#include "zarnic/platform/NSRunLoop.h"
-#include "zarnic/platform/NSTimer.h"
+#include "zarnic/platform/foundation/NSRunLoop.h"
+#include "zarnic/platform/foundation/NSTimer.h"
 
 namespace zn::test {
 namespace {

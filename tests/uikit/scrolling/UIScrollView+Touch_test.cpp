@@ -1,6 +1,6 @@
 #include "tests/uikit/scrolling/ScrollFixture.h"
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UIScreenEdgePanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIButton.h"
+#include "zarnic/platform/uikit/UIScreenEdgePanGestureRecognizer.h"
 
 namespace zn::test {
 namespace {

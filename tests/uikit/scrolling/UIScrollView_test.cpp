@@ -1,4 +1,4 @@
-#include "zarnic/platform/UIScrollView.h"
+#include "zarnic/platform/uikit/UIScrollView.h"
 
 #include <gmock/gmock.h>
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "zarnic/platform/NSNotificationCenter.h"
-#include "zarnic/platform/UITextField.h"
-#include "zarnic/platform/UITextView.h"
+#include "zarnic/platform/foundation/NSNotificationCenter.h"
+#include "zarnic/platform/uikit/UITextField.h"
+#include "zarnic/platform/uikit/UITextView.h"
 #include "zarnic/testing/Stage.h"
 
 namespace zn::test {

@@ -1,9 +1,9 @@
-#include "zarnic/platform/UITextField.h"
+#include "zarnic/platform/uikit/UITextField.h"
 
 #include "tests/uikit/text/TextStage.h"
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UILabel.h"
-#include "zarnic/platform/UIPasteboard.h"
+#include "zarnic/platform/uikit/UIButton.h"
+#include "zarnic/platform/uikit/UILabel.h"
+#include "zarnic/platform/uikit/UIPasteboard.h"
 
 namespace zn::test {
 namespace {

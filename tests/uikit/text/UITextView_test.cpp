@@ -1,4 +1,4 @@
-#include "zarnic/platform/UITextView.h"
+#include "zarnic/platform/uikit/UITextView.h"
 
 #include "tests/uikit/text/TextStage.h"
 

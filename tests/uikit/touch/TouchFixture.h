@@ -8,10 +8,10 @@
 #include <string>
 
 #include "tests/support/TestClock.h"
-#include "zarnic/platform/UIApplication.h"
-#include "zarnic/platform/UIEvent.h"
-#include "zarnic/platform/UIScreen.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/uikit/UIApplication.h"
+#include "zarnic/platform/uikit/UIEvent.h"
+#include "zarnic/platform/uikit/UIScreen.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn::test {
 

@@ -1,11 +1,11 @@
-#include "zarnic/platform/UIGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIGestureRecognizer.h"
 
 #include "tests/uikit/touch/TouchFixture.h"
-#include "zarnic/platform/UIButton.h"
-#include "zarnic/platform/UILongPressGestureRecognizer.h"
-#include "zarnic/platform/UIPanGestureRecognizer.h"
-#include "zarnic/platform/UIScreenEdgePanGestureRecognizer.h"
-#include "zarnic/platform/UITapGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIButton.h"
+#include "zarnic/platform/uikit/UILongPressGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIPanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIScreenEdgePanGestureRecognizer.h"
+#include "zarnic/platform/uikit/UITapGestureRecognizer.h"
 
 namespace zn::test {
 namespace {

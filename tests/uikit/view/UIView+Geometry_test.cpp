@@ -3,8 +3,8 @@
 #include <cmath>
 #include <limits>
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "zarnic/platform/UIGestureRecognizer.h"
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/uikit/UIGestureRecognizer.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 namespace zn {
 namespace {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "zarnic/platform/NSException.h"
-#include "zarnic/platform/UIView.h"
-#include "zarnic/platform/UIWindow.h"
+#include "zarnic/platform/foundation/NSException.h"
+#include "zarnic/platform/uikit/UIView.h"
+#include "zarnic/platform/uikit/UIWindow.h"
 
 namespace zn {
 namespace {

@@ -1,11 +1,11 @@
-#include "zarnic/platform/UIView.h"
+#include "zarnic/platform/uikit/UIView.h"
 
 #include <gmock/gmock.h>
 
 #include "tests/support/LayerScreen.h"
-#include "zarnic/platform/CAGradientLayer.h"
-#include "zarnic/platform/UIImage.h"
-#include "zarnic/platform/UIViewController.h"
+#include "zarnic/platform/drawing/UIImage.h"
+#include "zarnic/platform/layers/CAGradientLayer.h"
+#include "zarnic/platform/uikit/UIViewController.h"
 
 namespace zn {
 namespace {
