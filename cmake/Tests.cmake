@@ -12,6 +12,8 @@ file(GLOB support_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/
 add_library(zarnic-test-main OBJECT ${support_sources})
 target_include_directories(zarnic-test-main PRIVATE ${PROJECT_SOURCE_DIR})
 target_link_libraries(zarnic-test-main PUBLIC GTest::gmock PRIVATE PkgConfig::SDBUS)
+set_source_files_properties(${PROJECT_SOURCE_DIR}/tests/support/Places.cpp PROPERTIES
+    COMPILE_DEFINITIONS "ZARNIC_SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";ZARNIC_GALLERY=\"$<$<TARGET_EXISTS:zarnic-gallery>:$<TARGET_FILE:zarnic-gallery>>\"")
 # A third of what a test's compilation takes, so where only gcc looks at it, it is compiled once: the
 # tools of clang cannot read what gcc makes of it.
 option(ZARNIC_PRECOMPILED_HEADERS "Compile the test framework's headers once (gcc)" OFF)
@@ -26,15 +28,9 @@ function(zarnic_test_program topic)
     set(program ${topic}_tests)
     add_executable(${program} ${sources})
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR})
-    target_compile_definitions(${program} PRIVATE ZARNIC_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     target_link_libraries(${program} PRIVATE zarnic zarnic-test-main)
     if(ZARNIC_PRECOMPILED_HEADERS)
         target_precompile_headers(${program} REUSE_FROM zarnic-test-main)
-    endif()
-    if(TARGET zarnic-gallery)
-        target_compile_definitions(${program} PRIVATE
-            ZARNIC_GALLERY="$<TARGET_FILE:zarnic-gallery>")
-        add_dependencies(${program} zarnic-gallery)
     endif()
     foreach(library zarnic-sdl zarnic-testing)
         if(TARGET ${library})
@@ -85,4 +81,7 @@ endforeach()
 # What pictures are written with, to be read.
 if(TARGET drawing_tests)
     target_link_libraries(drawing_tests PRIVATE GIF::GIF PkgConfig::JPEG PkgConfig::WEBP)
+endif()
+if(TARGET sdl_tests)
+    add_dependencies(sdl_tests zarnic-gallery)
 endif()

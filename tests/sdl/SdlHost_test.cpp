@@ -5,6 +5,7 @@
 
 #include "tests/sdl/VirtualDisplay.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Places.h"
 #include "tests/support/TemporaryFolder.h"
 #include "zarnic/testing/Pictures.h"
 
@@ -24,14 +25,14 @@ protected:
     void open(const std::string& page) {
         ASSERT_TRUE(display_.running());
         program_ = std::make_unique<ChildProcess>(
-            std::vector<std::string>{ZARNIC_GALLERY, "--window", "--device", "phone", "--page",
+            std::vector<std::string>{galleryProgram(), "--window", "--device", "phone", "--page",
                                      page},
             std::vector<std::string>{"DISPLAY=" + display_.name(), "SDL_VIDEODRIVER=x11"});
     }
 
     /// What the gallery draws for a page without a display.
     Ref<UIImage> shot(const std::string& page) {
-        const CommandResult result = runCommand("cd " + folder_.path() + " && " + ZARNIC_GALLERY +
+        const CommandResult result = runCommand("cd " + folder_.path() + " && " + galleryProgram() +
                                                 " --shot --device phone --page " + page);
         EXPECT_EQ(result.status, 0) << result.output;
         return part(UIImage::imageWithContentsOfFile(folder_.path("out/gallery/" + page + ".png")),
@@ -127,7 +128,7 @@ TEST_F(GalleryWindow, ADragFromTheLeftEdgeGoesBack) {
 }
 
 TEST(GalleryProgram, OpensAScreenByItsURL) {
-    const std::string begin = "cd $(mktemp -d) && " + std::string(ZARNIC_GALLERY) + " --shot ";
+    const std::string begin = "cd $(mktemp -d) && " + galleryProgram() + " --shot ";
     EXPECT_EQ(runCommand(begin + "--open 'app:///DetailPage.page?id=7'").output,
               "out/gallery/open.png\n");
     const CommandResult nothing = runCommand(begin + "--open /Nowhere");
@@ -136,7 +137,7 @@ TEST(GalleryProgram, OpensAScreenByItsURL) {
 }
 
 TEST(GalleryProgram, FallsBackToPicturesWithOneLineWhenThereIsNoDisplay) {
-    const std::string begin = "cd $(mktemp -d) && " + std::string(ZARNIC_GALLERY);
+    const std::string begin = "cd $(mktemp -d) && " + galleryProgram();
     const std::vector<std::string> noDisplay{"DISPLAY=:65535",
                                              "WAYLAND_DISPLAY=", "SDL_VIDEODRIVER=x11"};
     const CommandResult pictures =
@@ -162,12 +163,12 @@ TEST(GalleryProgram, WrongArgumentsGetAClearErrorAndTheUsage) {
         {"home", "unknown argument home"},
     };
     for (const auto& [arguments, error] : cases) {
-        const CommandResult result = runCommand(std::string(ZARNIC_GALLERY) + " " + arguments);
+        const CommandResult result = runCommand(galleryProgram() + " " + arguments);
         EXPECT_EQ(result.status, 2) << arguments;
         EXPECT_NE(result.output.find(error), std::string::npos) << result.output;
         EXPECT_NE(result.output.find("usage:"), std::string::npos) << result.output;
     }
-    EXPECT_EQ(runCommand(std::string(ZARNIC_GALLERY) + " --list").status, 0);
+    EXPECT_EQ(runCommand(galleryProgram() + " --list").status, 0);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "tests/sdl/VirtualDisplay.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/Places.h"
 
 namespace zn {
 namespace {
@@ -24,7 +25,7 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(display_.running());
         program_ = std::make_unique<ChildProcess>(
-            std::vector<std::string>{ZARNIC_GALLERY, "--window", "--device", "phone", "--page",
+            std::vector<std::string>{galleryProgram(), "--window", "--device", "phone", "--page",
                                      "text"},
             std::vector<std::string>{"DISPLAY=" + display_.name(), "SDL_VIDEODRIVER=x11",
                                      "LC_ALL=C.UTF-8"});

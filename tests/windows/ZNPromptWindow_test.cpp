@@ -1,3 +1,4 @@
+#include "tests/support/Places.h"
 #include "zarnic/ZNPromptWindow.h"
 
 #include <gtest/gtest.h>
@@ -201,7 +202,7 @@ TEST_F(PromptTest, RequestsFromOtherThreadsShowOnTheMainThread) {
 }
 
 TEST_F(PromptTest, LooksAsItShould) {
-    const std::string folder = std::string(ZARNIC_SOURCE_DIR) + "/tests/windows/golden/";
+    const std::string folder = sourceFolder() + "/tests/windows/golden/";
     application->setBackgroundColor(UIColor::whiteColor());
     const struct {
         const char* name;

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "tests/drawing/Pixels.h"
+#include "tests/support/Places.h"
 #include "zarnic/platform/drawing/UIImage.h"
 
 namespace zn {
@@ -66,7 +67,7 @@ TEST(PngImage, roundTripsEveryPremultipliedPixel) {
 TEST(PngImage, readsEveryColourTypeDepthAndInterlacing) {
     int count = 0;
     for (const auto& entry :
-         std::filesystem::directory_iterator(ZARNIC_SOURCE_DIR "/fuzz/corpus/png")) {
+         std::filesystem::directory_iterator(sourceFolder() + "/fuzz/corpus/png")) {
         const std::string name = entry.path().filename();
         if (name.starts_with("hostile"))
             continue;

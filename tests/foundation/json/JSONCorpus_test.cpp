@@ -3,6 +3,7 @@
 #include <fstream>
 #include <set>
 
+#include "tests/support/Places.h"
 #include "zarnic/platform/foundation/NSJSONSerialization.h"
 
 using namespace zn;
@@ -30,7 +31,7 @@ std::string decoded(std::string_view text) {
 /// Name, tabulator, text with `%` and two digits for what is not printable. The name's first letter
 /// says whether readers must accept it (y), must refuse it (n), or may do either (i).
 std::vector<Case> corpus() {
-    std::ifstream file(ZARNIC_SOURCE_DIR "/tests/foundation/json/parsing.tsv");
+    std::ifstream file(sourceFolder() + "/tests/foundation/json/parsing.tsv");
     std::vector<Case> cases;
     for (std::string line; std::getline(file, line);) {
         const std::size_t tabulator = line.find('\t');
