@@ -37,9 +37,8 @@ zarnic_library(zarnic
         platform/drawing
         platform/layers
         platform/uikit
-        platform/capture
         model
-        storage localisation device
+        storage localisation device utilities
         imagecache graphics
         controllers controls
         windows
