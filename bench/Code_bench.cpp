@@ -54,13 +54,13 @@ void requireSameModules() {
     QRcode_free(code);
 }
 
-void qrCodeOurs(benchmark::State& state) {
+void QrCode_Zarnic(benchmark::State& state) {
     requireSameModules();
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(ourCode());
 }
 
-void qrCodeBareLibqrencode(benchmark::State& state) {
+void QrCode_Libqrencode(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state) {
         QRcode* code = bareCode();
         benchmark::DoNotOptimize(code);
@@ -69,7 +69,7 @@ void qrCodeBareLibqrencode(benchmark::State& state) {
 }
 
 /// Encoding only, as far as its interface parts it from drawing.
-void qrCodeZint(benchmark::State& state) {
+void QrCode_Zint(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state) {
         zint_symbol* symbol = ZBarcode_Create();
         symbol->symbology = BARCODE_QRCODE;
@@ -82,7 +82,7 @@ void qrCodeZint(benchmark::State& state) {
     }
 }
 
-void qrCodeZxing(benchmark::State& state) {
+void QrCode_Zxing(benchmark::State& state) {
     constexpr int levelH = 8;
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(ZXing::MultiFormatWriter(ZXing::BarcodeFormat::QRCode)
@@ -91,9 +91,9 @@ void qrCodeZxing(benchmark::State& state) {
                                      .encode(text(), 600, 600));
 }
 
-BENCHMARK(qrCodeOurs);
-BENCHMARK(qrCodeBareLibqrencode);
-BENCHMARK(qrCodeZint);
-BENCHMARK(qrCodeZxing);
+BENCHMARK(QrCode_Zarnic);
+BENCHMARK(QrCode_Libqrencode);
+BENCHMARK(QrCode_Zint);
+BENCHMARK(QrCode_Zxing);
 
 }  // namespace

@@ -20,7 +20,7 @@ void requireSame(bool same, const char* name) {
     std::exit(1);
 }
 
-void readHexColorOurs(benchmark::State& state) {
+void ReadHexColor_Zarnic(benchmark::State& state) {
     for (const char* text : texts) {
         const auto color = ZN_ColorWithHexString(text);
         const QColor peer = QColor::fromString(QLatin1StringView(text));
@@ -31,14 +31,14 @@ void readHexColorOurs(benchmark::State& state) {
         benchmark::DoNotOptimize(ZN_ColorWithHexString(texts[turn++ % texts.size()]));
 }
 
-void readHexColorPeer(benchmark::State& state) {
+void ReadHexColor_Qt(benchmark::State& state) {
     std::size_t turn = 0;
     for ([[maybe_unused]] auto each : state)
         benchmark::DoNotOptimize(
             QColor::fromString(QLatin1StringView(texts[turn++ % texts.size()])));
 }
 
-void writeHexColorOurs(benchmark::State& state) {
+void WriteHexColor_Zarnic(benchmark::State& state) {
     const auto color = ZN_ColorWithHexString(texts[1]);
     const QColor peer = QColor::fromString(QLatin1StringView(texts[1]));
     requireSame(std::string("#").append(ZN_HexStringWithColor(color, true)) ==
@@ -48,15 +48,15 @@ void writeHexColorOurs(benchmark::State& state) {
         benchmark::DoNotOptimize(ZN_HexStringWithColor(color, true));
 }
 
-void writeHexColorPeer(benchmark::State& state) {
+void WriteHexColor_Qt(benchmark::State& state) {
     const QColor color = QColor::fromString(QLatin1StringView(texts[1]));
     for ([[maybe_unused]] auto each : state)
         benchmark::DoNotOptimize(color.name(QColor::HexArgb));
 }
 
-BENCHMARK(readHexColorOurs);
-BENCHMARK(readHexColorPeer);
-BENCHMARK(writeHexColorOurs);
-BENCHMARK(writeHexColorPeer);
+BENCHMARK(ReadHexColor_Zarnic);
+BENCHMARK(ReadHexColor_Qt);
+BENCHMARK(WriteHexColor_Zarnic);
+BENCHMARK(WriteHexColor_Qt);
 
 }  // namespace

@@ -122,32 +122,32 @@ const Task& pngWithAlpha() {
     return task;
 }
 
-void decodeOurs(benchmark::State& state, const Task& (*task)()) {
+void Decode_Zarnic(benchmark::State& state, const Task& (*task)()) {
     const QByteArray& bytes = task().bytes;
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(ours(bytes));
 }
 
-void decodeRaw(benchmark::State& state, const Task& (*task)()) {
+void Decode_Codec(benchmark::State& state, const Task& (*task)()) {
     const Task& work = task();
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(work.raw(work.bytes));
 }
 
-void decodeQt(benchmark::State& state, const Task& (*task)()) {
+void Decode_Qt(benchmark::State& state, const Task& (*task)()) {
     const QByteArray& bytes = task().bytes;
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(qts(bytes));
 }
 
-BENCHMARK_CAPTURE(decodeOurs, jpeg, jpeg);
-BENCHMARK_CAPTURE(decodeRaw, jpeg, jpeg);
-BENCHMARK_CAPTURE(decodeQt, jpeg, jpeg);
-BENCHMARK_CAPTURE(decodeOurs, png, png);
-BENCHMARK_CAPTURE(decodeRaw, png, png);
-BENCHMARK_CAPTURE(decodeQt, png, png);
-BENCHMARK_CAPTURE(decodeOurs, pngWithAlpha, pngWithAlpha);
-BENCHMARK_CAPTURE(decodeRaw, pngWithAlpha, pngWithAlpha);
-BENCHMARK_CAPTURE(decodeQt, pngWithAlpha, pngWithAlpha);
+BENCHMARK_CAPTURE(Decode_Zarnic, jpeg, jpeg);
+BENCHMARK_CAPTURE(Decode_Codec, jpeg, jpeg);
+BENCHMARK_CAPTURE(Decode_Qt, jpeg, jpeg);
+BENCHMARK_CAPTURE(Decode_Zarnic, png, png);
+BENCHMARK_CAPTURE(Decode_Codec, png, png);
+BENCHMARK_CAPTURE(Decode_Qt, png, png);
+BENCHMARK_CAPTURE(Decode_Zarnic, pngWithAlpha, pngWithAlpha);
+BENCHMARK_CAPTURE(Decode_Codec, pngWithAlpha, pngWithAlpha);
+BENCHMARK_CAPTURE(Decode_Qt, pngWithAlpha, pngWithAlpha);
 
 }  // namespace

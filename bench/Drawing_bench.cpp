@@ -77,7 +77,7 @@ void compare(const Drawing& drawing) {
     bench::requireSame(drawing.name, *context->makeImage(), image, drawing.tolerance);
 }
 
-void drawOurs(benchmark::State& state) {
+void Draw_Zarnic(benchmark::State& state) {
     const Drawing& drawing = drawings[state.range(0)];
     state.SetLabel(drawing.name);
     compare(drawing);
@@ -86,7 +86,7 @@ void drawOurs(benchmark::State& state) {
         drawing.ours(*context);
 }
 
-void drawPeer(benchmark::State& state) {
+void Draw_Qt(benchmark::State& state) {
     const Drawing& drawing = drawings[state.range(0)];
     state.SetLabel(drawing.name);
     compare(drawing);
@@ -97,7 +97,7 @@ void drawPeer(benchmark::State& state) {
         drawing.peer(painter);
 }
 
-BENCHMARK(drawOurs)->DenseRange(0, std::size(drawings) - 1);
-BENCHMARK(drawPeer)->DenseRange(0, std::size(drawings) - 1);
+BENCHMARK(Draw_Zarnic)->DenseRange(0, std::size(drawings) - 1);
+BENCHMARK(Draw_Qt)->DenseRange(0, std::size(drawings) - 1);
 
 }  // namespace

@@ -60,12 +60,12 @@ void Md5OfSixtyBytes_Zarnic(benchmark::State& state) {
 }
 BENCHMARK(Md5OfSixtyBytes_Zarnic);
 
-void Md5OfSixtyBytes_libcrypto(benchmark::State& state) {
+void Md5OfSixtyBytes_Libcrypto(benchmark::State& state) {
     PeerDigest digest;
     for (auto _ : state)
         benchmark::DoNotOptimize(digest.hexadecimal(sixtyBytes));
 }
-BENCHMARK(Md5OfSixtyBytes_libcrypto);
+BENCHMARK(Md5OfSixtyBytes_Libcrypto);
 
 // The size of a folder.
 
@@ -135,13 +135,13 @@ void SizeOfFolder_Zarnic(benchmark::State& state) {
 }
 BENCHMARK(SizeOfFolder_Zarnic)->UseRealTime()->Unit(benchmark::kMillisecond);
 
-void SizeOfFolder_du(benchmark::State& state) {
+void SizeOfFolder_Du(benchmark::State& state) {
     const std::string command = "du -s " + Tree::shared().path() + " > /dev/null";
     for (auto _ : state) {
         if (std::system(command.c_str()) != 0)
             fail("du");
     }
 }
-BENCHMARK(SizeOfFolder_du)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(SizeOfFolder_Du)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -85,7 +85,7 @@ bool sameIcons() {
            std::abs(meanGray(ours) - meanGray(peer)) < 1;
 }
 
-void iconSetOurs(benchmark::State& state) {
+void IconSet_Zarnic(benchmark::State& state) {
     iconsOurs();
     if (!iconsPeer() || !sameIcons())
         return state.SkipWithError("the icons differ");
@@ -93,12 +93,12 @@ void iconSetOurs(benchmark::State& state) {
         iconsOurs();
 }
 
-void iconSetConvert(benchmark::State& state) {
+void IconSet_Convert(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state)
         iconsPeer();
 }
 
-BENCHMARK(iconSetOurs)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(iconSetConvert)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(IconSet_Zarnic)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(IconSet_Convert)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -35,7 +35,7 @@ QByteArray keyOf(const QByteArray& url) {
 }
 
 /// A hundred images in memory; each call fills the view with another one.
-void memoryHitOurs(benchmark::State& state) {
+void MemoryHit_Zarnic(benchmark::State& state) {
     const auto helper = ZNImageHelper::SharedInstance();
     std::vector<std::string> urls;
     for (int number = 0; number < urlCount; ++number) {
@@ -50,7 +50,7 @@ void memoryHitOurs(benchmark::State& state) {
         std::exit(1);
 }
 
-void memoryHitPeer(benchmark::State& state) {
+void MemoryHit_Qt(benchmark::State& state) {
     std::vector<QByteArray> urls;
     QPixmapCache::setCacheLimit(100'000);
     for (int number = 0; number < urlCount; ++number) {
@@ -75,7 +75,7 @@ std::vector<std::string> manyKeys() {
 }
 
 /// Each insertion removes the entry that was unused for longest, of ten thousand.
-void evictOurs(benchmark::State& state) {
+void Evict_Zarnic(benchmark::State& state) {
     const auto keys = manyKeys();
     const auto helper = make<ZNImageHelper>();
     const auto image = smallImage();
@@ -90,7 +90,7 @@ void evictOurs(benchmark::State& state) {
 }
 
 /// The same, with every second entry used again meanwhile.
-void evictUsedOurs(benchmark::State& state) {
+void EvictUsed_Zarnic(benchmark::State& state) {
     const auto keys = manyKeys();
     const auto helper = make<ZNImageHelper>();
     const auto image = smallImage();
@@ -105,7 +105,7 @@ void evictUsedOurs(benchmark::State& state) {
     }
 }
 
-void evictPeer(benchmark::State& state) {
+void Evict_Qt(benchmark::State& state) {
     struct Entry {
         QPixmap image;
     };
@@ -123,10 +123,10 @@ void evictPeer(benchmark::State& state) {
         std::exit(1);
 }
 
-BENCHMARK(memoryHitOurs);
-BENCHMARK(memoryHitPeer);
-BENCHMARK(evictOurs);
-BENCHMARK(evictUsedOurs);
-BENCHMARK(evictPeer);
+BENCHMARK(MemoryHit_Zarnic);
+BENCHMARK(MemoryHit_Qt);
+BENCHMARK(Evict_Zarnic);
+BENCHMARK(EvictUsed_Zarnic);
+BENCHMARK(Evict_Qt);
 
 }  // namespace

@@ -64,36 +64,36 @@ void requireSameTrees() {
     benchmark::DoNotOptimize(once);
 }
 
-void readJson_Zarnic(benchmark::State& state) {
+void ReadJson_Zarnic(benchmark::State& state) {
     requireSameTrees();
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(readOurs());
 }
 
-void readJson_RapidJson(benchmark::State& state) {
+void ReadJson_RapidJson(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(readRapidJson());
 }
 
-void readJson_SimdJson(benchmark::State& state) {
+void ReadJson_SimdJson(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state) {
         simdjson::dom::parser parser;
         benchmark::DoNotOptimize(parser.parse(bench::largeJson()).error());
     }
 }
 
-void readJson_Nlohmann(benchmark::State& state) {
+void ReadJson_Nlohmann(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(nlohmann::json::parse(bench::largeJson()));
 }
 
-void readJson_Qt(benchmark::State& state) {
+void ReadJson_Qt(benchmark::State& state) {
     const auto bytes = QByteArray::fromStdString(bench::largeJson());
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(QJsonDocument::fromJson(bytes));
 }
 
-void stripJson_Zarnic(benchmark::State& state) {
+void StripJson_Zarnic(benchmark::State& state) {
     const Value value = readOurs();
     // Not letter by letter: RapidJSON leaves slashes as they are, and some reals a digit too long.
     requireSame(nlohmann::json::parse(zn_convertToJsonString(value).value()) ==
@@ -103,18 +103,18 @@ void stripJson_Zarnic(benchmark::State& state) {
         benchmark::DoNotOptimize(zn_convertToJsonString(value));
 }
 
-void stripJson_RapidJson(benchmark::State& state) {
+void StripJson_RapidJson(benchmark::State& state) {
     const auto document = readRapidJson<rapidjson::kParseFullPrecisionFlag>();
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(strippedRapidJson(document));
 }
 
-BENCHMARK(readJson_Zarnic)->Unit(benchmark::kMillisecond);
-BENCHMARK(readJson_RapidJson)->Unit(benchmark::kMillisecond);
-BENCHMARK(readJson_SimdJson)->Unit(benchmark::kMillisecond);
-BENCHMARK(readJson_Nlohmann)->Unit(benchmark::kMillisecond);
-BENCHMARK(readJson_Qt)->Unit(benchmark::kMillisecond);
-BENCHMARK(stripJson_Zarnic)->Unit(benchmark::kMillisecond);
-BENCHMARK(stripJson_RapidJson)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadJson_Zarnic)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadJson_RapidJson)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadJson_SimdJson)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadJson_Nlohmann)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadJson_Qt)->Unit(benchmark::kMillisecond);
+BENCHMARK(StripJson_Zarnic)->Unit(benchmark::kMillisecond);
+BENCHMARK(StripJson_RapidJson)->Unit(benchmark::kMillisecond);
 
 }  // namespace

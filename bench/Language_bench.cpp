@@ -120,7 +120,7 @@ void loadOurs() {
     }
 }
 
-void textsLookUpOurs(benchmark::State& state) {
+void TextsLookUp_Zarnic(benchmark::State& state) {
     loadOurs();
     for ([[maybe_unused]] auto turn : state)
         for (const std::string& key : tables().keys())
@@ -128,7 +128,7 @@ void textsLookUpOurs(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * tableSize);
 }
 
-void textsLookUpGettext(benchmark::State& state) {
+void TextsLookUp_Gettext(benchmark::State& state) {
     for (int index = 0; index < tableSize; ++index) {
         if (tables().keys().empty() || gettext(keyOf(index).c_str()) != valueOf(index))
             giveUp("gettext: a text is missing");
@@ -139,7 +139,7 @@ void textsLookUpGettext(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * tableSize);
 }
 
-void textsLookUpQt(benchmark::State& state) {
+void TextsLookUp_Qt(benchmark::State& state) {
     QTranslator translator;
     if (!translator.load(QString::fromStdString(tables().folder() + "/table.qm")))
         giveUp("Qt: no table");
@@ -154,7 +154,7 @@ void textsLookUpQt(benchmark::State& state) {
 }
 
 /// A bundle is found again by its path, so each turn has a path of its own.
-void textsSwitchOurs(benchmark::State& state) {
+void TextsSwitch_Zarnic(benchmark::State& state) {
     static int turn = 0;
     for ([[maybe_unused]] auto each : state) {
         state.PauseTiming();
@@ -166,7 +166,7 @@ void textsSwitchOurs(benchmark::State& state) {
     }
 }
 
-void textsSwitchLibplist(benchmark::State& state) {
+void TextsSwitch_Libplist(benchmark::State& state) {
     const std::string& text = tables().propertyList();
     for ([[maybe_unused]] auto turn : state) {
         plist_t list = nullptr;
@@ -177,10 +177,10 @@ void textsSwitchLibplist(benchmark::State& state) {
     }
 }
 
-BENCHMARK(textsLookUpOurs);
-BENCHMARK(textsLookUpGettext);
-BENCHMARK(textsLookUpQt);
-BENCHMARK(textsSwitchOurs);
-BENCHMARK(textsSwitchLibplist);
+BENCHMARK(TextsLookUp_Zarnic);
+BENCHMARK(TextsLookUp_Gettext);
+BENCHMARK(TextsLookUp_Qt);
+BENCHMARK(TextsSwitch_Zarnic);
+BENCHMARK(TextsSwitch_Libplist);
 
 }  // namespace

@@ -104,7 +104,7 @@ void measure(benchmark::State& state, Clear clear, Turn turn) {
 
 std::int64_t sizeOfAllOurs = 0;
 
-void pipelineOurs(benchmark::State& state) {
+void Pipeline_Zarnic(benchmark::State& state) {
     album();
     const auto helper = ZNImageHelper::SharedInstance();
     helper->setMemoryMaxSize(roomForAll);
@@ -248,7 +248,7 @@ private:
     std::vector<std::thread> threads_;
 };
 
-void pipelineByHand(benchmark::State& state) {
+void Pipeline_ByHand(benchmark::State& state) {
     album();
     ByHand byHand;
     measure(
@@ -257,7 +257,7 @@ void pipelineByHand(benchmark::State& state) {
             "the images count other sizes");
 }
 
-void pipelineQt(benchmark::State& state) {
+void Pipeline_Qt(benchmark::State& state) {
     QNetworkAccessManager manager;
     auto* const disk = new QNetworkDiskCache(&manager);
     disk->setCacheDirectory(QString::fromStdString(album().folder() + "-qt"));
@@ -293,8 +293,8 @@ void pipelineQt(benchmark::State& state) {
     clear();
 }
 
-BENCHMARK(pipelineOurs)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(pipelineByHand)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(pipelineQt)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Pipeline_Zarnic)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Pipeline_ByHand)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Pipeline_Qt)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace

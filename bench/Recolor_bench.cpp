@@ -53,20 +53,20 @@ QImage recolorByQtsTables() {
     return gray.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-void recolorOurs(benchmark::State& state) {
+void Recolor_Zarnic(benchmark::State& state) {
     bench::requireSame("recolour", *recolored()->cgImage(), recoloredPixels(), 0);
     bench::requireSame("recolour", *recolored()->cgImage(), recolorByQtsTables(), 0);
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(recolored());
 }
 
-void recolorQt(benchmark::State& state) {
+void Recolor_Qt(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(recolorByQtsTables());
 }
 
 /// The same bytes to a new place.
-void recolorMemcpy(benchmark::State& state) {
+void Recolor_Memcpy(benchmark::State& state) {
     const auto pixels = picture()->cgImage()->pixels();
     for ([[maybe_unused]] auto turn : state) {
         const auto copy = std::make_unique_for_overwrite<std::uint32_t[]>(pixels.size());
@@ -75,8 +75,8 @@ void recolorMemcpy(benchmark::State& state) {
     }
 }
 
-BENCHMARK(recolorOurs);
-BENCHMARK(recolorQt);
-BENCHMARK(recolorMemcpy);
+BENCHMARK(Recolor_Zarnic);
+BENCHMARK(Recolor_Qt);
+BENCHMARK(Recolor_Memcpy);
 
 }  // namespace

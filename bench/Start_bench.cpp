@@ -49,7 +49,15 @@ void startProgram(benchmark::State& state, const char* program) {
     state.counters["MB"] = peak;
 }
 
-BENCHMARK_CAPTURE(startProgram, Zarnic, ZARNIC_START)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(startProgram, Qt, QT_START)->Unit(benchmark::kMillisecond)->UseRealTime();
+void Start_Zarnic(benchmark::State& state) {
+    startProgram(state, ZARNIC_START);
+}
+
+void Start_Qt(benchmark::State& state) {
+    startProgram(state, QT_START);
+}
+
+BENCHMARK(Start_Zarnic)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(Start_Qt)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace

@@ -45,7 +45,7 @@ cairo_surface_t* tintedByCairo() {
     return result;
 }
 
-void tintOurs(benchmark::State& state) {
+void Tint_Zarnic(benchmark::State& state) {
     setUIGraphicsMainScreenScale(1);
     cairo_surface_t* peer = tintedByCairo();
     bench::requireSame(
@@ -57,12 +57,12 @@ void tintOurs(benchmark::State& state) {
         benchmark::DoNotOptimize(tinted());
 }
 
-void tintPeer(benchmark::State& state) {
+void Tint_Qt(benchmark::State& state) {
     for ([[maybe_unused]] auto turn : state)
         cairo_surface_destroy(tintedByCairo());
 }
 
-BENCHMARK(tintOurs);
-BENCHMARK(tintPeer);
+BENCHMARK(Tint_Zarnic);
+BENCHMARK(Tint_Qt);
 
 }  // namespace

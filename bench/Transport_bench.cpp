@@ -110,7 +110,7 @@ void measure(benchmark::State& state, const std::function<std::size_t()>& getAll
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(fileCount));
 }
 
-void filesGetOurs(benchmark::State& state) {
+void FilesGet_Zarnic(benchmark::State& state) {
     site();
     Crew crew([] {
         return [transport = Services::get<HttpTransport>()](const std::string& url) {
@@ -148,7 +148,7 @@ private:
     std::string body_;
 };
 
-void filesGetBareLibcurl(benchmark::State& state) {
+void FilesGet_Libcurl(benchmark::State& state) {
     site();
     curl_global_init(CURL_GLOBAL_DEFAULT);
     Crew crew([] {
@@ -176,14 +176,14 @@ std::size_t getAllByQt(QNetworkAccessManager& manager) {
     return bytes;
 }
 
-void filesGetQt(benchmark::State& state) {
+void FilesGet_Qt(benchmark::State& state) {
     site();
     QNetworkAccessManager manager;
     measure(state, [&] { return getAllByQt(manager); });
 }
 
 /// The tool, with its start.
-void filesGetCurlParallel(benchmark::State& state) {
+void FilesGet_CurlParallel(benchmark::State& state) {
     const TemporaryFolder folder;
     {
         std::ofstream list(folder.path("list"));
@@ -198,9 +198,9 @@ void filesGetCurlParallel(benchmark::State& state) {
             [&] { return static_cast<std::size_t>(std::stoull(runCommand(command).output)); });
 }
 
-BENCHMARK(filesGetOurs)->UseRealTime();
-BENCHMARK(filesGetBareLibcurl)->UseRealTime();
-BENCHMARK(filesGetQt)->UseRealTime();
-BENCHMARK(filesGetCurlParallel)->UseRealTime();
+BENCHMARK(FilesGet_Zarnic)->UseRealTime();
+BENCHMARK(FilesGet_Libcurl)->UseRealTime();
+BENCHMARK(FilesGet_Qt)->UseRealTime();
+BENCHMARK(FilesGet_CurlParallel)->UseRealTime();
 
 }  // namespace
